@@ -1,0 +1,31 @@
+package com.zq.OrvexCore;
+
+/**
+ * Receives status reports of audio broadcasts. Registered with {@link
+ * IOrvexCore#ORVEX_SetBroadcastReportStatusCallback}.
+ *
+ * <p>It is called on a thread of the client library, attached to the virtual machine for that one
+ * event and detached afterwards; keep the work short and hand anything lengthy to a thread of your
+ * own.
+ *
+ * <p>Each byte array is new for the call and holds exactly the bytes of the text or data, without
+ * a terminating zero; {@link OrvexText#fromBytes} decodes a text.
+ */
+@FunctionalInterface
+public interface ORVEXBroadcastReportStatusCallback {
+    /**
+     * Handles one event.
+     *
+     * @param nPDLLHandle client instance handle
+     * @param szCameraId camera identifier
+     * @param nRType report type
+     * @param nTime time of the report
+     * @param nStatus status
+     */
+    void invoke(
+            int nPDLLHandle,
+            byte[] szCameraId,
+            int nRType,
+            long nTime,
+            int nStatus);
+}
