@@ -1,0 +1,37 @@
+// Control surface of the stand-in library for tests: the call log, scripted replies and
+// callback firing. Reached from Java through a test-only JNI library, never through the bridge.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sim_core.h"
+
+namespace orvexsim::control {
+
+// Forgets every recorded call, scripted reply, registration and scripting error.
+ORVEXSIM_API void reset();
+
+ORVEXSIM_API std::vector<Call> calls();
+
+// Queues a reply for the next unanswered call of `fn`; replies are used in order.
+ORVEXSIM_API void script(const std::string& fn, const Reply& reply);
+
+// Mistakes in scripted replies (an unknown output, a write past an output's end), so that a
+// test cannot pass on a write that never happened.
+ORVEXSIM_API std::vector<std::string> errors();
+
+ORVEXSIM_API bool kindByName(const std::string& name, CbKind* kind);
+
+// Runs the callback registered for (kind, handle) — for media (handle, seq) — on a thread of
+// the stand-in's own and waits until it returned. False, with the reason in `error`, if nothing
+// is registered or the arguments do not fit the kind.
+ORVEXSIM_API bool fire(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>& args,
+                       int32_t* result, std::string* error);
+
+// Fires `eventsPerThread` events from each of `threads` threads at once; returns the number of
+// events delivered, or -1 with the reason in `error`.
+ORVEXSIM_API long fireMany(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>& args,
+                           int threads, int eventsPerThread, std::string* error);
+
+}  // namespace orvexsim::control

@@ -1,0 +1,269 @@
+#include "sim_core.h"
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+#include "sim_control.h"
+
+namespace orvexsim {
+namespace {
+
+struct State {
+    std::mutex mu;
+    std::vector<Call> calls;
+    std::map<std::string, std::deque<Reply>> scripts;
+    std::map<std::pair<int, int32_t>, Registration> callbacks;    // (kind, handle)
+    std::map<std::pair<int32_t, int32_t>, Registration> streams;  // (handle, seq)
+    std::vector<std::string> errors;
+};
+
+// Never destroyed: library threads may still call in while the process exits.
+State& S() {
+    static State* s = new State;
+    return *s;
+}
+
+void AddError(std::string message) {
+    std::lock_guard<std::mutex> lock(S().mu);
+    S().errors.push_back(std::move(message));
+}
+
+}  // namespace
+
+CallRecord::CallRecord(const char* fn) {
+    call_.fn = fn;
+}
+
+CallRecord& CallRecord::scalar(const char* name, int64_t value) {
+    Arg arg;
+    arg.name = name;
+    arg.value = value;
+    call_.args.push_back(std::move(arg));
+    return *this;
+}
+
+CallRecord& CallRecord::address(const char* name, const void* p) {
+    Arg arg;
+    arg.name = name;
+    arg.pointer = true;
+    arg.isNull = p == nullptr;
+    arg.value = static_cast<int64_t>(reinterpret_cast<intptr_t>(p));
+    call_.args.push_back(std::move(arg));
+    return *this;
+}
+
+CallRecord& CallRecord::bytes(const char* name, const void* p, std::size_t n) {
+    Arg arg;
+    arg.name = name;
+    arg.pointer = true;
+    arg.isNull = p == nullptr;
+    if (p != nullptr) {
+        const auto* b = static_cast<const uint8_t*>(p);
+        arg.bytes.assign(b, b + n);
+    }
+    call_.args.push_back(std::move(arg));
+    return *this;
+}
+
+CallRecord& CallRecord::text(const char* name, const char* s) {
+    return bytes(name, s, s ? std::strlen(s) + 1 : 0);
+}
+
+CallRecord& CallRecord::out(const char* name, void* p, std::size_t n) {
+    bytes(name, p, n);
+    if (p != nullptr) {
+        targets_.push_back({name, p, n});
+    }
+    return *this;
+}
+
+int32_t CallRecord::finish(const std::function<int32_t()>& platform) {
+    Reply reply;
+    bool scripted = false;
+    {
+        std::lock_guard<std::mutex> lock(S().mu);
+        S().calls.push_back(call_);
+        auto it = S().scripts.find(call_.fn);
+        if (it != S().scripts.end() && !it->second.empty()) {
+            reply = std::move(it->second.front());
+            it->second.pop_front();
+            scripted = true;
+        }
+    }
+    if (!scripted) {
+        return platform ? platform() : 0;
+    }
+    for (const Write& w : reply.writes) {
+        auto t = std::find_if(targets_.begin(), targets_.end(),
+                              [&](const Target& x) { return x.name == w.target; });
+        if (t == targets_.end()) {
+            AddError(call_.fn + ": no output named " + w.target);
+            continue;
+        }
+        if (w.offset > t->n || w.bytes.size() > t->n - w.offset) {
+            AddError(call_.fn + ": write of " + std::to_string(w.bytes.size()) +
+                     " bytes at offset " + std::to_string(w.offset) + " exceeds " + w.target +
+                     " (" + std::to_string(t->n) + " bytes)");
+            continue;
+        }
+        std::memcpy(static_cast<uint8_t*>(t->p) + w.offset, w.bytes.data(), w.bytes.size());
+    }
+    return reply.result;
+}
+
+void setCallback(CbKind kind, int32_t handle, void* fn, void* user) {
+    std::lock_guard<std::mutex> lock(S().mu);
+    const auto key = std::make_pair(static_cast<int>(kind), handle);
+    if (fn == nullptr) {
+        S().callbacks.erase(key);
+    } else {
+        S().callbacks[key] = {fn, user};
+    }
+}
+
+void setStream(int32_t handle, int32_t seq, void* fn, void* user) {
+    std::lock_guard<std::mutex> lock(S().mu);
+    S().streams[{handle, seq}] = {fn, user};
+}
+
+void dropStream(int32_t handle, int32_t seq) {
+    std::lock_guard<std::mutex> lock(S().mu);
+    S().streams.erase({handle, seq});
+}
+
+bool lookup(CbKind kind, int32_t handle, int32_t seq, Registration* out) {
+    std::lock_guard<std::mutex> lock(S().mu);
+    if (kind == CbKind::MediaData) {
+        auto it = S().streams.find({handle, seq});
+        if (it == S().streams.end()) {
+            return false;
+        }
+        *out = it->second;
+        return true;
+    }
+    auto it = S().callbacks.find({static_cast<int>(kind), handle});
+    if (it == S().callbacks.end()) {
+        return false;
+    }
+    *out = it->second;
+    return true;
+}
+
+int32_t registerCallback(const char* fn, CbKind kind, int32_t handle, void* pfn, void* user) {
+    const int32_t result = CallRecord(fn)
+                               .scalar("nHandle", handle)
+                               .address("pfnCallback", pfn)
+                               .address("pUserParam", user)
+                               .finish();
+    if (result == 0) {
+        setCallback(kind, handle, pfn, user);
+    }
+    return result;
+}
+
+int32_t openStream(CallRecord& call, int32_t handle, const int32_t* pSeq, void* pfn, void* user) {
+    const int32_t result = call.finish();
+    if (result == 0 && pSeq != nullptr) {
+        setStream(handle, *pSeq, pfn, user);
+    }
+    return result;
+}
+
+namespace control {
+
+void reset() {
+    std::lock_guard<std::mutex> lock(S().mu);
+    S().calls.clear();
+    S().scripts.clear();
+    S().callbacks.clear();
+    S().streams.clear();
+    S().errors.clear();
+}
+
+std::vector<Call> calls() {
+    std::lock_guard<std::mutex> lock(S().mu);
+    return S().calls;
+}
+
+void script(const std::string& fn, const Reply& reply) {
+    std::lock_guard<std::mutex> lock(S().mu);
+    S().scripts[fn].push_back(reply);
+}
+
+std::vector<std::string> errors() {
+    std::lock_guard<std::mutex> lock(S().mu);
+    return S().errors;
+}
+
+bool kindByName(const std::string& name, CbKind* kind) {
+    for (int k = 0; k < static_cast<int>(CbKind::Count); ++k) {
+        if (name == kindSpec(static_cast<CbKind>(k)).name) {
+            *kind = static_cast<CbKind>(k);
+            return true;
+        }
+    }
+    return false;
+}
+
+namespace {
+
+// The registration an event goes to, or why there is none.
+bool FindTarget(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>& args,
+                Registration* reg, std::string* error) {
+    const KindSpec& spec = kindSpec(kind);
+    if (args.size() != spec.arity) {
+        *error = std::string(spec.name) + " takes " + std::to_string(spec.arity) + " arguments, " +
+                 std::to_string(args.size()) + " given";
+        return false;
+    }
+    if (!lookup(kind, handle, seq, reg)) {
+        *error = std::string("no ") + spec.name + " registered for handle " +
+                 std::to_string(handle) +
+                 (kind == CbKind::MediaData ? " stream " + std::to_string(seq) : "");
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool fire(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>& args, int32_t* result,
+          std::string* error) {
+    Registration reg;
+    if (!FindTarget(kind, handle, seq, args, &reg, error)) {
+        return false;
+    }
+    const Invoker invoke = kindSpec(kind).invoke;
+    std::thread library([&] { *result = invoke(reg.fn, reg.user, args); });
+    library.join();
+    return true;
+}
+
+long fireMany(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>& args, int threads,
+              int eventsPerThread, std::string* error) {
+    Registration reg;
+    if (!FindTarget(kind, handle, seq, args, &reg, error)) {
+        return -1;
+    }
+    const Invoker invoke = kindSpec(kind).invoke;
+    std::vector<std::thread> pool;
+    for (int t = 0; t < threads; ++t) {
+        pool.emplace_back([&] {
+            for (int e = 0; e < eventsPerThread; ++e) {
+                invoke(reg.fn, reg.user, args);
+            }
+        });
+    }
+    for (std::thread& t : pool) {
+        t.join();
+    }
+    return static_cast<long>(threads) * eventsPerThread;
+}
+
+}  // namespace control
+}  // namespace orvexsim
