@@ -1,0 +1,33 @@
+# Compares the dynamic symbols a library defines (nm -D) with a list, both ways.
+# Usage: cmake -DLIBRARY=<lib.so> -DEXPECTED=<list.txt> -P check_exports.cmake
+find_program(NM nm REQUIRED)
+execute_process(COMMAND ${NM} -D --defined-only --format=posix ${LIBRARY}
+                OUTPUT_VARIABLE nm_out RESULT_VARIABLE nm_rc)
+if(NOT nm_rc EQUAL 0)
+  message(FATAL_ERROR "nm failed on ${LIBRARY}")
+endif()
+string(REPLACE "\n" ";" nm_lines "${nm_out}")
+set(actual "")
+foreach(line IN LISTS nm_lines)
+  if(line MATCHES "^([^ ]+) ")
+    list(APPEND actual "${CMAKE_MATCH_1}")
+  endif()
+endforeach()
+
+file(STRINGS ${EXPECTED} expected_lines)
+set(expected "")
+foreach(line IN LISTS expected_lines)
+  if(NOT line MATCHES "^#" AND NOT line STREQUAL "")
+    list(APPEND expected "${line}")
+  endif()
+endforeach()
+
+set(missing ${expected})
+list(REMOVE_ITEM missing ${actual})
+set(extra ${actual})
+list(REMOVE_ITEM extra ${expected})
+list(LENGTH expected n_expected)
+if(missing OR extra)
+  message(FATAL_ERROR "exports differ from ${EXPECTED}\n  missing: ${missing}\n  unexpected: ${extra}")
+endif()
+message(STATUS "${n_expected} exports as listed")

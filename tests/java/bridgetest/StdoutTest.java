@@ -1,0 +1,59 @@
+package bridgetest;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+
+import com.zq.OrvexCore.IOrvexCore;
+import java.io.ByteArrayOutputStream;
+import java.io.InputStream;
+import java.nio.charset.StandardCharsets;
+import java.util.List;
+import java.util.concurrent.TimeUnit;
+import org.junit.jupiter.api.Test;
+
+/**
+ * The bridge's standard-output lines, read from a JVM of its own so that nothing else writes
+ * there (under -Xcheck:jni, any JNI warning would show up in the same stream and fail the test).
+ */
+class StdoutTest {
+    /** Runs in the child JVM. */
+    public static final class Child {
+        public static void main(String[] args) {
+            IOrvexCore.ORVEX_SetLog(1, CRecord.ascii("abc"));
+            IOrvexCore.ORVEX_SetLog(1, new byte[0]);
+            IOrvexCore.ORVEX_SetLog(1, null);
+            IOrvexCore.ORVEX_StartMonitor(1, CRecord.ascii("m1"));
+            IOrvexCore.ORVEX_StartMonitor(1, new byte[0]);
+            IOrvexCore.ORVEX_StartMonitor(1, null);
+        }
+    }
+
+    static String runChild(Class<?> main) throws Exception {
+        String java = System.getProperty("java.home") + "/bin/java";
+        Process p = new ProcessBuilder(List.of(java, "-Xcheck:jni",
+                        "-D" + IOrvexCore.LIBRARY_PROPERTY + "="
+                                + System.getProperty(IOrvexCore.LIBRARY_PROPERTY),
+                        "-cp", System.getProperty("orvex.test.classpath"), main.getName()))
+                .redirectError(ProcessBuilder.Redirect.INHERIT)
+                .start();
+        ByteArrayOutputStream out = new ByteArrayOutputStream();
+        try (InputStream in = p.getInputStream()) {
+            in.transferTo(out);
+        }
+        if (!p.waitFor(60, TimeUnit.SECONDS)) {
+            p.destroyForcibly();
+            throw new AssertionError(main.getName() + " did not finish");
+        }
+        assertEquals(0, p.exitValue(), out.toString(StandardCharsets.UTF_8));
+        return out.toString(StandardCharsets.UTF_8);
+    }
+
+    @Test
+    void loadAndFileNameLinesAreExactlyTheseAndNothingElse() throws Exception {
+        assertEquals("g_jvm = vm\n"
+                        + "###### ddd: ORVEX_SetLog(abc)"
+                        + "###### ddd: ORVEX_SetLog env->GetArrayLength(jbFileName) <= 0"
+                        + "###### ddd: ORVEX_StartMonitor(m1)"
+                        + "###### ddd: ORVEX_StartMonitor env->GetArrayLength(jbFileName) <= 0",
+                runChild(Child.class));
+    }
+}

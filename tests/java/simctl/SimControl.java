@@ -1,0 +1,68 @@
+package simctl;
+
+import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.List;
+
+/**
+ * Test-side control of the stand-in client library: its call log, scripted replies and callback
+ * firing. Works through a JNI library of its own (property {@code orvex.simctl.library}, an
+ * absolute path), never through the bridge under test.
+ */
+public final class SimControl {
+    static {
+        System.load(System.getProperty("orvex.simctl.library"));
+    }
+
+    private SimControl() {}
+
+    /** Forgets every call, scripted reply, registration and scripting error. */
+    public static native void reset();
+
+    /** Every call the stand-in received since the last reset, in order. */
+    public static native RecordedCall[] calls();
+
+    private static native void queueReply(String fn, int result, Write[] writes);
+
+    /** Mistakes in scripted replies (unknown output, write past an output's end). */
+    public static native String[] errors();
+
+    /**
+     * Fires one event of {@code kind} (a listener interface name) from a thread of the stand-in
+     * and waits until the callback returned. Arguments: Integer/Long/Boolean for integers,
+     * byte[] for strings (the terminator is added) and buffers, null for a null pointer.
+     */
+    public static native int fire(String kind, int handle, int seq, Object[] args);
+
+    /** Fires from {@code threads} threads at once; returns the number of events delivered. */
+    public static native long fireMany(
+            String kind, int handle, int seq, Object[] args, int threads, int eventsPerThread);
+
+    /** Queues the reply to the next unanswered call of {@code fn}. */
+    public static void script(String fn, int result, Write... writes) {
+        queueReply(fn, result, writes == null ? new Write[0] : writes);
+    }
+
+    public static List<RecordedCall> callsOf(String fn) {
+        List<RecordedCall> out = new ArrayList<>();
+        for (RecordedCall c : calls()) {
+            if (c.fn.equals(fn)) {
+                out.add(c);
+            }
+        }
+        return out;
+    }
+
+    /** The last call of {@code fn}; fails if there was none. */
+    public static RecordedCall last(String fn) {
+        List<RecordedCall> all = callsOf(fn);
+        if (all.isEmpty()) {
+            throw new AssertionError(fn + " was not called; calls: " + Arrays.toString(calls()));
+        }
+        return all.get(all.size() - 1);
+    }
+
+    public static int count(String fn) {
+        return callsOf(fn).size();
+    }
+}

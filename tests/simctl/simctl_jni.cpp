@@ -1,0 +1,185 @@
+// JNI side of simctl.SimControl: lets Java tests read the stand-in library's call log, script
+// its replies and fire callbacks, without going through the bridge under test.
+#include <jni.h>
+
+#include <string>
+#include <vector>
+
+#include "sim_control.h"
+
+namespace {
+
+using orvexsim::CbKind;
+using orvexsim::Value;
+
+std::string ToString(JNIEnv* env, jstring s) {
+    const char* chars = env->GetStringUTFChars(s, nullptr);
+    std::string out(chars);
+    env->ReleaseStringUTFChars(s, chars);
+    return out;
+}
+
+std::vector<uint8_t> ToBytes(JNIEnv* env, jbyteArray a) {
+    std::vector<uint8_t> out(static_cast<size_t>(env->GetArrayLength(a)));
+    env->GetByteArrayRegion(a, 0, static_cast<jsize>(out.size()),
+                            reinterpret_cast<jbyte*>(out.data()));
+    return out;
+}
+
+jbyteArray ToJava(JNIEnv* env, const std::vector<uint8_t>& b) {
+    jbyteArray a = env->NewByteArray(static_cast<jsize>(b.size()));
+    env->SetByteArrayRegion(a, 0, static_cast<jsize>(b.size()),
+                            reinterpret_cast<const jbyte*>(b.data()));
+    return a;
+}
+
+void ThrowState(JNIEnv* env, const std::string& message) {
+    jclass cls = env->FindClass("java/lang/IllegalStateException");
+    env->ThrowNew(cls, message.c_str());
+}
+
+bool Kind(JNIEnv* env, jstring name, CbKind* kind) {
+    const std::string n = ToString(env, name);
+    if (!orvexsim::control::kindByName(n, kind)) {
+        ThrowState(env, "unknown callback kind " + n);
+        return false;
+    }
+    return true;
+}
+
+// Integer, Long and Boolean become integers, byte[] becomes bytes, null a null pointer.
+std::vector<Value> ToValues(JNIEnv* env, jobjectArray args) {
+    jclass number = env->FindClass("java/lang/Number");
+    jclass boolean = env->FindClass("java/lang/Boolean");
+    jmethodID longValue = env->GetMethodID(number, "longValue", "()J");
+    jmethodID booleanValue = env->GetMethodID(boolean, "booleanValue", "()Z");
+    std::vector<Value> values;
+    const jsize n = args ? env->GetArrayLength(args) : 0;
+    for (jsize i = 0; i < n; ++i) {
+        jobject o = env->GetObjectArrayElement(args, i);
+        Value v;
+        if (o == nullptr) {
+            v.isNull = true;
+        } else if (env->IsInstanceOf(o, number)) {
+            v.i = env->CallLongMethod(o, longValue);
+        } else if (env->IsInstanceOf(o, boolean)) {
+            v.i = env->CallBooleanMethod(o, booleanValue) ? 1 : 0;
+        } else {
+            v.isBytes = true;
+            v.b = ToBytes(env, static_cast<jbyteArray>(o));
+        }
+        values.push_back(std::move(v));
+        env->DeleteLocalRef(o);
+    }
+    return values;
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT void JNICALL Java_simctl_SimControl_reset(JNIEnv*, jclass) {
+    orvexsim::control::reset();
+}
+
+JNIEXPORT jobjectArray JNICALL Java_simctl_SimControl_calls(JNIEnv* env, jclass) {
+    jclass callCls = env->FindClass("simctl/RecordedCall");
+    jclass argCls = env->FindClass("simctl/RecordedArg");
+    jmethodID callInit =
+        env->GetMethodID(callCls, "<init>", "(Ljava/lang/String;[Lsimctl/RecordedArg;)V");
+    jmethodID argInit = env->GetMethodID(argCls, "<init>", "(Ljava/lang/String;ZZJ[B)V");
+    const std::vector<orvexsim::Call> calls = orvexsim::control::calls();
+    jobjectArray out = env->NewObjectArray(static_cast<jsize>(calls.size()), callCls, nullptr);
+    for (size_t c = 0; c < calls.size(); ++c) {
+        const auto& call = calls[c];
+        jobjectArray args =
+            env->NewObjectArray(static_cast<jsize>(call.args.size()), argCls, nullptr);
+        for (size_t a = 0; a < call.args.size(); ++a) {
+            const auto& arg = call.args[a];
+            jstring name = env->NewStringUTF(arg.name.c_str());
+            jbyteArray bytes = arg.pointer && !arg.isNull ? ToJava(env, arg.bytes) : nullptr;
+            jobject o = env->NewObject(argCls, argInit, name, arg.pointer, arg.isNull,
+                                       static_cast<jlong>(arg.value), bytes);
+            env->SetObjectArrayElement(args, static_cast<jsize>(a), o);
+            env->DeleteLocalRef(o);
+            env->DeleteLocalRef(name);
+            if (bytes != nullptr) {
+                env->DeleteLocalRef(bytes);
+            }
+        }
+        jstring fn = env->NewStringUTF(call.fn.c_str());
+        jobject o = env->NewObject(callCls, callInit, fn, args);
+        env->SetObjectArrayElement(out, static_cast<jsize>(c), o);
+        env->DeleteLocalRef(o);
+        env->DeleteLocalRef(fn);
+        env->DeleteLocalRef(args);
+    }
+    return out;
+}
+
+JNIEXPORT void JNICALL Java_simctl_SimControl_queueReply(JNIEnv* env, jclass, jstring fn,
+                                                         jint result, jobjectArray writes) {
+    jclass writeCls = env->FindClass("simctl/Write");
+    jfieldID target = env->GetFieldID(writeCls, "target", "Ljava/lang/String;");
+    jfieldID offset = env->GetFieldID(writeCls, "offset", "I");
+    jfieldID bytes = env->GetFieldID(writeCls, "bytes", "[B");
+    orvexsim::Reply reply;
+    reply.result = result;
+    const jsize n = writes ? env->GetArrayLength(writes) : 0;
+    for (jsize i = 0; i < n; ++i) {
+        jobject w = env->GetObjectArrayElement(writes, i);
+        auto t = static_cast<jstring>(env->GetObjectField(w, target));
+        auto b = static_cast<jbyteArray>(env->GetObjectField(w, bytes));
+        reply.writes.push_back({ToString(env, t),
+                                static_cast<uint32_t>(env->GetIntField(w, offset)),
+                                ToBytes(env, b)});
+        env->DeleteLocalRef(b);
+        env->DeleteLocalRef(t);
+        env->DeleteLocalRef(w);
+    }
+    orvexsim::control::script(ToString(env, fn), reply);
+}
+
+JNIEXPORT jobjectArray JNICALL Java_simctl_SimControl_errors(JNIEnv* env, jclass) {
+    const std::vector<std::string> errors = orvexsim::control::errors();
+    jclass stringCls = env->FindClass("java/lang/String");
+    jobjectArray out = env->NewObjectArray(static_cast<jsize>(errors.size()), stringCls, nullptr);
+    for (size_t i = 0; i < errors.size(); ++i) {
+        jstring s = env->NewStringUTF(errors[i].c_str());
+        env->SetObjectArrayElement(out, static_cast<jsize>(i), s);
+        env->DeleteLocalRef(s);
+    }
+    return out;
+}
+
+JNIEXPORT jint JNICALL Java_simctl_SimControl_fire(JNIEnv* env, jclass, jstring kindName,
+                                                   jint handle, jint seq, jobjectArray args) {
+    CbKind kind;
+    if (!Kind(env, kindName, &kind)) {
+        return 0;
+    }
+    int32_t result = 0;
+    std::string error;
+    if (!orvexsim::control::fire(kind, handle, seq, ToValues(env, args), &result, &error)) {
+        ThrowState(env, error);
+    }
+    return result;
+}
+
+JNIEXPORT jlong JNICALL Java_simctl_SimControl_fireMany(JNIEnv* env, jclass, jstring kindName,
+                                                        jint handle, jint seq, jobjectArray args,
+                                                        jint threads, jint eventsPerThread) {
+    CbKind kind;
+    if (!Kind(env, kindName, &kind)) {
+        return 0;
+    }
+    std::string error;
+    const long delivered = orvexsim::control::fireMany(kind, handle, seq, ToValues(env, args),
+                                                       threads, eventsPerThread, &error);
+    if (delivered < 0) {
+        ThrowState(env, error);
+    }
+    return delivered;
+}
+
+}  // extern "C"
