@@ -2,6 +2,8 @@
 // that each helper's transfer rules can be checked against real Java objects.
 #include <jni.h>
 
+#include <dlfcn.h>
+
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -171,4 +173,44 @@ PROBE(void, deviceInfo)(JNIEnv* env, jclass, jobject o, jbyteArray record) {
     std::memset(&info, 0, sizeof(info));
     std::memcpy(&info, bytes.data(), std::min(bytes.size(), sizeof(info)));
     CJniKits::CreateDeviceInfoObject(env, o, info);
+}
+
+namespace {
+
+// Calls one of the bridge's load entry points directly, as the virtual machine does.
+void* BridgeEntry(JNIEnv* env, jstring path, const char* name, void** handle) {
+    const char* p = env->GetStringUTFChars(path, nullptr);
+    *handle = dlopen(p, RTLD_NOW | RTLD_NOLOAD);
+    env->ReleaseStringUTFChars(path, p);
+    return *handle ? dlsym(*handle, name) : nullptr;
+}
+
+}  // namespace
+
+PROBE(jint, callOnLoad)(JNIEnv* env, jclass, jstring bridgePath) {
+    void* handle = nullptr;
+    auto onLoad = reinterpret_cast<jint (*)(JavaVM*, void*)>(
+        BridgeEntry(env, bridgePath, "JNI_OnLoad", &handle));
+    JavaVM* vm = nullptr;
+    env->GetJavaVM(&vm);
+    const jint version = onLoad ? onLoad(vm, nullptr) : -1;
+    if (handle) {
+        dlclose(handle);
+    }
+    return version;
+}
+
+PROBE(jboolean, callOnUnload)(JNIEnv* env, jclass, jstring bridgePath) {
+    void* handle = nullptr;
+    auto onUnload = reinterpret_cast<void (*)(JavaVM*, void*)>(
+        BridgeEntry(env, bridgePath, "JNI_OnUnload", &handle));
+    JavaVM* vm = nullptr;
+    env->GetJavaVM(&vm);
+    if (onUnload) {
+        onUnload(vm, nullptr);
+    }
+    if (handle) {
+        dlclose(handle);
+    }
+    return onUnload ? JNI_TRUE : JNI_FALSE;
 }

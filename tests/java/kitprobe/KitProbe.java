@@ -49,6 +49,12 @@ public final class KitProbe {
     public static native void setDoubleBox(Double box, double v);
     public static native void setBoolBox(Boolean box, int v);
 
+    /** Calls the already loaded bridge's JNI_OnLoad directly; returns the version it asks for. */
+    public static native int callOnLoad(String bridgePath);
+
+    /** Calls the already loaded bridge's JNI_OnUnload directly; false if it is not exported. */
+    public static native boolean callOnUnload(String bridgePath);
+
     /** Copies a raw 1480-byte C device record into {@code o}. */
     public static native void deviceInfo(Object o, byte[] record);
 }
