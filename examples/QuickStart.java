@@ -26,10 +26,14 @@ public final class QuickStart {
         int h = handle.nReturnValue;
         System.out.println("  instance handle: " + h);
 
-        // Text crosses as the bytes of a C string; the bridge adds the terminator.
-        report("ORVEX_SetLog(" + logFile + ")",
-                IOrvexCore.ORVEX_SetLog(h, logFile.getBytes(StandardCharsets.UTF_8)));
-        report("ORVEX_SetLog(empty name)", IOrvexCore.ORVEX_SetLog(h, new byte[0]));
+        // Text crosses as the bytes of a C string; the bridge adds the terminator. ORVEX_SetLog
+        // prints a trace line of its own without a line end.
+        int rc = IOrvexCore.ORVEX_SetLog(h, logFile.getBytes(StandardCharsets.UTF_8));
+        System.out.println();
+        report("ORVEX_SetLog(" + logFile + ")", rc);
+        rc = IOrvexCore.ORVEX_SetLog(h, new byte[0]);
+        System.out.println();
+        report("ORVEX_SetLog(empty name)", rc);
         report("ORVEX_SetCompressType",
                 IOrvexCore.ORVEX_SetCompressType(h, ORVEX_CORE_GET_DEVINFO_BY_COMPRESSED));
         report("ORVEX_Destroy", IOrvexCore.ORVEX_Destroy(h));
