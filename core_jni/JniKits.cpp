@@ -169,140 +169,33 @@ int CJniKits::GetStuBoolField(JNIEnv* env, jobject valueObject, jclass clsStu,
     return fid && env->GetBooleanField(valueObject, fid) ? 1 : 0;
 }
 
-void CJniKits::ReadByteArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
-                                  const char* fieldName, unsigned char* pArray,
-                                  std::size_t nMemberSize) {
-    ExceptionStash stash(env);
-    jfieldID fid = FieldFor(env, valueObject, clsStu, fieldName, "[B");
-    if (fid == nullptr) {
-        return;
-    }
-    auto array = static_cast<jbyteArray>(env->GetObjectField(valueObject, fid));
-    if (array == nullptr) {
-        ThrowNull(env, (std::string("byte array field ") + fieldName).c_str());
-        return;
-    }
-    const jsize nLength = env->GetArrayLength(array);
-    const jsize nCopy = static_cast<jsize>(std::min<std::size_t>(nLength, nMemberSize));
-    env->GetByteArrayRegion(array, 0, nCopy, reinterpret_cast<jbyte*>(pArray));
-    env->DeleteLocalRef(array);
-    if (static_cast<std::size_t>(nLength) > nMemberSize) {
-        Throw(env, "java/lang/IllegalArgumentException",
-              Format("%s: %d bytes do not fit the C member of %zu bytes; copied %zu", fieldName,
-                     nLength, nMemberSize, nMemberSize));
-    }
-}
-
-void CJniKits::GetStuByteArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
-                                    const char* fieldName, unsigned char* pArray, int nArrayLen) {
-    ExceptionStash stash(env);
-    jfieldID fid = FieldFor(env, valueObject, clsStu, fieldName, "[B");
-    if (fid == nullptr) {
-        return;
-    }
-    auto array = static_cast<jbyteArray>(env->GetObjectField(valueObject, fid));
-    if (array != nullptr) {
-        env->GetByteArrayRegion(array, 0, nArrayLen, reinterpret_cast<jbyte*>(pArray));
-        env->DeleteLocalRef(array);
-    }
-}
-
-void CJniKits::SetStuByteArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
-                                    const char* fieldName, const void* pArray, int nArrayLen) {
-    ExceptionStash stash(env);
-    jfieldID fid = FieldFor(env, valueObject, clsStu, fieldName, "[B");
-    if (fid == nullptr) {
-        return;
-    }
-    auto array = static_cast<jbyteArray>(env->GetObjectField(valueObject, fid));
-    if (array != nullptr) {
-        env->SetByteArrayRegion(array, 0, nArrayLen, static_cast<const jbyte*>(pArray));
-        env->DeleteLocalRef(array);
-    }
-}
-
-void CJniKits::SetStuIntArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
-                                   const char* fieldName, const int* pArray, int nArrayLen) {
-    ExceptionStash stash(env);
-    jfieldID fid = FieldFor(env, valueObject, clsStu, fieldName, "[I");
-    if (fid == nullptr) {
-        return;
-    }
-    auto array = static_cast<jintArray>(env->GetObjectField(valueObject, fid));
-    if (array != nullptr) {
-        env->SetIntArrayRegion(array, 0, nArrayLen, reinterpret_cast<const jint*>(pArray));
-        env->DeleteLocalRef(array);
-    }
-}
-
-void CJniKits::GetStuIntArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
-                                   const char* fieldName, int* pArray, int nArrayLen) {
-    ExceptionStash stash(env);
-    jfieldID fid = FieldFor(env, valueObject, clsStu, fieldName, "[I");
-    if (fid == nullptr) {
-        return;
-    }
-    auto array = static_cast<jintArray>(env->GetObjectField(valueObject, fid));
-    if (array != nullptr) {
-        env->GetIntArrayRegion(array, 0, nArrayLen, reinterpret_cast<jint*>(pArray));
-        env->DeleteLocalRef(array);
-    }
-}
-
-void CJniKits::SetStuCharArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
-                                    const char* fieldName, const char* szBuffer, int nBuffLen) {
-    ExceptionStash stash(env);
-    jfieldID fid = FieldFor(env, valueObject, clsStu, fieldName, "[C");
-    if (fid == nullptr) {
-        return;
-    }
-    auto array = static_cast<jcharArray>(env->GetObjectField(valueObject, fid));
-    if (array == nullptr) {
-        ThrowNull(env, (std::string("char array field ") + fieldName).c_str());
-        return;
-    }
-    {
-        const ArrayBound bound(env, array, nBuffLen, fieldName);
-        jchar* pChars = env->GetCharArrayElements(array, nullptr);
-        if (pChars != nullptr) {
-            for (jsize i = 0; i < bound.count(); ++i) {
-                pChars[i] = static_cast<jchar>(static_cast<signed char>(szBuffer[i]));
-            }
-            env->ReleaseCharArrayElements(array, pChars, 0);
-        }
-    }
-    env->DeleteLocalRef(array);
-}
-
-void CJniKits::GetStuCharArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
-                                    const char* fieldName, char* szBuffer, int nBuffLen) {
-    ExceptionStash stash(env);
-    jfieldID fid = FieldFor(env, valueObject, clsStu, fieldName, "[C");
-    if (fid == nullptr) {
-        return;
-    }
-    auto array = static_cast<jcharArray>(env->GetObjectField(valueObject, fid));
-    if (array == nullptr) {
-        ThrowNull(env, (std::string("char array field ") + fieldName).c_str());
-        return;
-    }
-    {
-        const ArrayBound bound(env, array, nBuffLen, fieldName);
-        jchar* pChars = env->GetCharArrayElements(array, nullptr);
-        if (pChars != nullptr) {
-            for (jsize i = 0; i < bound.count(); ++i) {
-                szBuffer[i] = static_cast<char>(pChars[i] & 0xFF);
-            }
-            env->ReleaseCharArrayElements(array, pChars, 0);
-        }
-    }
-    env->DeleteLocalRef(array);
-}
-
 namespace {
 
-// The bare-array helpers share one guard and one pinning scheme; only the element conversion
-// differs.
+// The array a field holds, handed to `access`; a null field is skipped silently or, where the
+// original code handed it to the virtual machine unchecked, reported.
+enum class NullArray { Skip, Reject };
+
+template <typename JArray, typename Access>
+void WithArrayField(JNIEnv* env, jobject valueObject, jclass clsStu, const char* fieldName,
+                    const char* signature, NullArray onNull, Access access) {
+    CJniKits::ExceptionStash stash(env);
+    jfieldID fid = FieldFor(env, valueObject, clsStu, fieldName, signature);
+    if (fid == nullptr) {
+        return;
+    }
+    auto array = static_cast<JArray>(env->GetObjectField(valueObject, fid));
+    if (array == nullptr) {
+        if (onNull == NullArray::Reject) {
+            CJniKits::ThrowNull(env, (std::string("array field ") + fieldName).c_str());
+        }
+        return;
+    }
+    access(array);
+    env->DeleteLocalRef(array);
+}
+
+// Pins a Java array and converts element by element; nothing happens unless the C buffer and
+// the array are there and at least one element is asked for.
 template <typename JArray, typename JElem, typename Convert>
 void WithPinned(JNIEnv* env, JArray array, const void* pC, int nLen, const char* what,
                 JElem* (JNIEnv::*get)(JArray, jboolean*),
@@ -321,7 +214,81 @@ void WithPinned(JNIEnv* env, JArray array, const void* pC, int nLen, const char*
     }
 }
 
+// Each C char widens as a signed char does; each Java char narrows to its low byte.
+jchar WidenChar(char c) {
+    return static_cast<jchar>(static_cast<signed char>(c));
+}
+char NarrowChar(jchar c) {
+    return static_cast<char>(c & 0xFF);
+}
+
 }  // namespace
+
+void CJniKits::ReadByteArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
+                                  const char* fieldName, unsigned char* pArray,
+                                  std::size_t nMemberSize) {
+    WithArrayField<jbyteArray>(
+        env, valueObject, clsStu, fieldName, "[B", NullArray::Reject, [&](jbyteArray array) {
+            const jsize nLength = env->GetArrayLength(array);
+            const auto nCopy = static_cast<jsize>(std::min<std::size_t>(nLength, nMemberSize));
+            env->GetByteArrayRegion(array, 0, nCopy, reinterpret_cast<jbyte*>(pArray));
+            if (static_cast<std::size_t>(nLength) > nMemberSize) {
+                Throw(env, "java/lang/IllegalArgumentException",
+                      Format("%s: %d bytes do not fit the C member of %zu bytes; copied %zu",
+                             fieldName, nLength, nMemberSize, nMemberSize));
+            }
+        });
+}
+
+void CJniKits::GetStuByteArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
+                                    const char* fieldName, unsigned char* pArray, int nArrayLen) {
+    WithArrayField<jbyteArray>(
+        env, valueObject, clsStu, fieldName, "[B", NullArray::Skip, [&](jbyteArray array) {
+            env->GetByteArrayRegion(array, 0, nArrayLen, reinterpret_cast<jbyte*>(pArray));
+        });
+}
+
+void CJniKits::SetStuByteArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
+                                    const char* fieldName, const void* pArray, int nArrayLen) {
+    WithArrayField<jbyteArray>(
+        env, valueObject, clsStu, fieldName, "[B", NullArray::Skip, [&](jbyteArray array) {
+            env->SetByteArrayRegion(array, 0, nArrayLen, static_cast<const jbyte*>(pArray));
+        });
+}
+
+void CJniKits::SetStuIntArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
+                                   const char* fieldName, const int* pArray, int nArrayLen) {
+    WithArrayField<jintArray>(
+        env, valueObject, clsStu, fieldName, "[I", NullArray::Skip,
+        [&](jintArray array) { env->SetIntArrayRegion(array, 0, nArrayLen, pArray); });
+}
+
+void CJniKits::GetStuIntArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
+                                   const char* fieldName, int* pArray, int nArrayLen) {
+    WithArrayField<jintArray>(
+        env, valueObject, clsStu, fieldName, "[I", NullArray::Skip,
+        [&](jintArray array) { env->GetIntArrayRegion(array, 0, nArrayLen, pArray); });
+}
+
+void CJniKits::SetStuCharArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
+                                    const char* fieldName, const char* szBuffer, int nBuffLen) {
+    WithArrayField<jcharArray>(
+        env, valueObject, clsStu, fieldName, "[C", NullArray::Reject, [&](jcharArray array) {
+            WithPinned(env, array, szBuffer, nBuffLen, fieldName, &JNIEnv::GetCharArrayElements,
+                       &JNIEnv::ReleaseCharArrayElements,
+                       [&](jchar* p, jsize i) { p[i] = WidenChar(szBuffer[i]); });
+        });
+}
+
+void CJniKits::GetStuCharArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
+                                    const char* fieldName, char* szBuffer, int nBuffLen) {
+    WithArrayField<jcharArray>(
+        env, valueObject, clsStu, fieldName, "[C", NullArray::Reject, [&](jcharArray array) {
+            WithPinned(env, array, szBuffer, nBuffLen, fieldName, &JNIEnv::GetCharArrayElements,
+                       &JNIEnv::ReleaseCharArrayElements,
+                       [&](jchar* p, jsize i) { szBuffer[i] = NarrowChar(p[i]); });
+        });
+}
 
 void CJniKits::SetJByteArray(JNIEnv* env, jbyteArray jbArray, const unsigned char* pbArray,
                              int nArrayLen) {
@@ -339,15 +306,14 @@ void CJniKits::GetJByteArray(JNIEnv* env, jbyteArray jbArray, unsigned char* pbA
 
 void CJniKits::SetJCharArray(JNIEnv* env, jcharArray jcArray, const char* szArray, int nArrayLen) {
     WithPinned(env, jcArray, szArray, nArrayLen, "char array", &JNIEnv::GetCharArrayElements,
-               &JNIEnv::ReleaseCharArrayElements, [&](jchar* p, jsize i) {
-                   p[i] = static_cast<jchar>(static_cast<signed char>(szArray[i]));
-               });
+               &JNIEnv::ReleaseCharArrayElements,
+               [&](jchar* p, jsize i) { p[i] = WidenChar(szArray[i]); });
 }
 
 void CJniKits::GetJCharArray(JNIEnv* env, jcharArray jcArray, char* szArray, int nArrayLen) {
     WithPinned(env, jcArray, szArray, nArrayLen, "char array", &JNIEnv::GetCharArrayElements,
                &JNIEnv::ReleaseCharArrayElements,
-               [&](jchar* p, jsize i) { szArray[i] = static_cast<char>(p[i] & 0xFF); });
+               [&](jchar* p, jsize i) { szArray[i] = NarrowChar(p[i]); });
 }
 
 void CJniKits::SetIntObjectValue(JNIEnv* env, jobject obj, int nValue) {
