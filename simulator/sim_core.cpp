@@ -215,14 +215,14 @@ namespace {
 // The registration an event goes to, or why there is none.
 bool FindTarget(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>& args,
                 Registration* reg, std::string* error) {
-    const KindSpec& spec = kindSpec(kind);
-    if (args.size() != spec.arity) {
-        *error = std::string(spec.name) + " takes " + std::to_string(spec.arity) + " arguments, " +
+    const KindSpec& info = kindSpec(kind);
+    if (args.size() != info.arity) {
+        *error = std::string(info.name) + " takes " + std::to_string(info.arity) + " arguments, " +
                  std::to_string(args.size()) + " given";
         return false;
     }
     if (!lookup(kind, handle, seq, reg)) {
-        *error = std::string("no ") + spec.name + " registered for handle " +
+        *error = std::string("no ") + info.name + " registered for handle " +
                  std::to_string(handle) +
                  (kind == CbKind::MediaData ? " stream " + std::to_string(seq) : "");
         return false;
