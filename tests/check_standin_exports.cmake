@@ -1,0 +1,30 @@
+# Checks that the stand-in library exports every function the interface header declares.
+# Usage: cmake -DLIBRARY=<libORVEX_Core.so> -DHEADER=<ORVEX_Core.h> -P check_standin_exports.cmake
+find_program(NM nm REQUIRED)
+file(READ ${HEADER} header)
+string(REGEX MATCHALL "ORVEX_API[^;(]*[ *](ORVEX_[A-Za-z0-9_]+)\\(" decls "${header}")
+set(declared "")
+foreach(d IN LISTS decls)
+  string(REGEX REPLACE ".*[ *](ORVEX_[A-Za-z0-9_]+)\\($" "\\1" name "${d}")
+  list(APPEND declared ${name})
+endforeach()
+
+execute_process(COMMAND ${NM} -D --defined-only --format=posix ${LIBRARY}
+                OUTPUT_VARIABLE nm_out RESULT_VARIABLE nm_rc)
+if(NOT nm_rc EQUAL 0)
+  message(FATAL_ERROR "nm failed on ${LIBRARY}")
+endif()
+string(REGEX MATCHALL "(^|\n)ORVEX_[A-Za-z0-9_]+ T" exported_lines "${nm_out}")
+set(exported "")
+foreach(e IN LISTS exported_lines)
+  string(REGEX REPLACE "^\n?(ORVEX_[A-Za-z0-9_]+) T$" "\\1" name "${e}")
+  list(APPEND exported ${name})
+endforeach()
+
+set(missing ${declared})
+list(REMOVE_ITEM missing ${exported})
+list(LENGTH declared n)
+if(n LESS 100 OR missing)
+  message(FATAL_ERROR "${n} functions declared; not exported by the stand-in: ${missing}")
+endif()
+message(STATUS "all ${n} declared functions exported")
