@@ -131,11 +131,6 @@ void setStream(int32_t handle, int32_t seq, void* fn, void* user) {
     S().streams[{handle, seq}] = {fn, user};
 }
 
-void dropStream(int32_t handle, int32_t seq) {
-    std::lock_guard<std::mutex> lock(S().mu);
-    S().streams.erase({handle, seq});
-}
-
 bool lookup(CbKind kind, int32_t handle, int32_t seq, Registration* out) {
     std::lock_guard<std::mutex> lock(S().mu);
     if (kind == CbKind::MediaData) {

@@ -119,7 +119,6 @@ struct Registration {
 ORVEXSIM_API void setCallback(CbKind kind, int32_t handle, void* fn, void* user);
 // Media callbacks belong to one stream of one instance.
 ORVEXSIM_API void setStream(int32_t handle, int32_t seq, void* fn, void* user);
-ORVEXSIM_API void dropStream(int32_t handle, int32_t seq);
 ORVEXSIM_API bool lookup(CbKind kind, int32_t handle, int32_t seq, Registration* out);
 
 // An argument for firing a callback: an integer, or bytes (a string gets its terminator
