@@ -1,0 +1,418 @@
+// Trampolines from the client library's threads into Java listeners.
+#include "SDKCallback.h"
+
+#include <jni.h>
+
+#include <array>
+#include <cassert>
+#include <cstring>
+
+#include "JniKits.h"
+#include "com_zq_OrvexCore_IOrvexCore.h"
+
+namespace {
+
+// Bytes that become one Java byte[]: a C string without its terminator, or a buffer of a
+// length the library gives.
+struct Bytes {
+    const char* p;
+    jsize n;
+};
+
+Bytes Text(const char* sz) {
+    return {sz, static_cast<jsize>(std::strlen(sz))};
+}
+
+Bytes Buffer(const char* p, jsize n) {
+    return {p, n};
+}
+
+// Copies n bytes into a fresh Java array through its elements buffer. The release with mode 0
+// alone would carry the bytes over; the common sequence also writes the region from the
+// elements buffer first, which the share-video kind leaves out.
+void CopyIntoArray(JNIEnv* env, jbyteArray array, const Bytes& from, bool regionWrite) {
+    jbyte* elements = env->GetByteArrayElements(array, nullptr);
+    if (from.n > 0) {
+        std::memcpy(elements, from.p, static_cast<std::size_t>(from.n));
+    }
+    if (regionWrite) {
+        env->SetByteArrayRegion(array, 0, from.n, elements);
+    }
+    env->ReleaseByteArrayElements(array, elements, 0);
+}
+
+// One event's stay in Java. Construction attaches this library thread (no name, no group) and
+// resolves the listener's class and "invoke"; destruction deletes the tracked local references
+// in the order they were made, then the class, and detaches unconditionally. Nothing is cached
+// between events and no failure is checked: the trampoline returns 0 whatever happens.
+class Event {
+  public:
+    Event(void* pUserParam, const char* signature)
+        : vm_(g_jvm.load(std::memory_order_relaxed)), listener_(static_cast<jobject>(pUserParam)) {
+        vm_->AttachCurrentThread(reinterpret_cast<void**>(&env_), nullptr);
+        cls_ = env_->GetObjectClass(listener_);
+        invoke_ = env_->GetMethodID(cls_, "invoke", signature);
+    }
+
+    ~Event() {
+        for (std::size_t k = 0; k < nLocals_; ++k) {
+            env_->DeleteLocalRef(locals_[k]);
+        }
+        if (deleteClass_) {
+            env_->DeleteLocalRef(cls_);
+        }
+        vm_->DetachCurrentThread();
+    }
+
+    Event(const Event&) = delete;
+    Event& operator=(const Event&) = delete;
+
+    JNIEnv* env() const { return env_; }
+
+    // A local reference to delete when the event ends, after those tracked before it.
+    template <typename Ref>
+    Ref Track(Ref local) {
+        assert(nLocals_ < kMaxLocals);
+        locals_[nLocals_++] = local;
+        return local;
+    }
+
+    // Deletes `local` a second time right after its first deletion. Nothing is created between
+    // the two, so the second one hits the already emptied slot and no other reference.
+    void DeleteTwice(jobject local) {
+        assert(nLocals_ < kMaxLocals);
+        std::size_t k = 0;
+        while (k < nLocals_ && locals_[k] != local) {
+            ++k;
+        }
+        for (std::size_t j = nLocals_; j > k + 1; --j) {
+            locals_[j] = locals_[j - 1];
+        }
+        locals_[k + 1] = local;
+        ++nLocals_;
+    }
+
+    // The data-change kind leaves its class reference for the detach to release.
+    void LeaveClassToDetach() { deleteClass_ = false; }
+
+    // One byte[] per source: all are created first, in order, then filled in the same order by
+    // the common copy sequence.
+    template <typename... Sources>
+    auto ByteArrays(const Sources&... sources) {
+        const Bytes from[] = {sources...};
+        std::array<jbyteArray, sizeof...(Sources)> arrays{};
+        for (std::size_t k = 0; k < arrays.size(); ++k) {
+            arrays[k] = Track(env_->NewByteArray(from[k].n));
+        }
+        for (std::size_t k = 0; k < arrays.size(); ++k) {
+            CopyIntoArray(env_, arrays[k], from[k], true);
+        }
+        return arrays;
+    }
+
+    // A byte[] created and filled without the region write.
+    jbyteArray ByteArrayByRelease(const Bytes& from) {
+        jbyteArray array = Track(env_->NewByteArray(from.n));
+        CopyIntoArray(env_, array, from, false);
+        return array;
+    }
+
+    template <typename... Args>
+    void Call(Args... args) {
+        env_->CallVoidMethod(listener_, invoke_, args...);
+    }
+
+  private:
+    static constexpr std::size_t kMaxLocals = 17;  // the bay record's 16 arrays, one twice
+
+    JavaVM* vm_;
+    jobject listener_;
+    JNIEnv* env_ = nullptr;
+    jclass cls_ = nullptr;
+    jmethodID invoke_ = nullptr;
+    jobject locals_[kMaxLocals] = {};
+    std::size_t nLocals_ = 0;
+    bool deleteClass_ = true;
+};
+
+// Java int with the bits of an unsigned C value.
+jint Bits(uint32_t v) {
+    return static_cast<jint>(v);
+}
+
+// Java long with the bits of an unsigned 64-bit C value.
+jlong Bits64(uint64_t v) {
+    return static_cast<jlong>(v);
+}
+
+// A message of the data-change record becomes a byte[] set directly from the C string (no
+// elements buffer) and stored in the field of the same name.
+void SetMessageField(JNIEnv* env, jobject joDataChangeInfo, const char* fieldName,
+                     const char* szMsg) {
+    jbyteArray jbMsg = env->NewByteArray(static_cast<jsize>(std::strlen(szMsg)));
+    env->SetByteArrayRegion(jbMsg, 0, static_cast<jsize>(std::strlen(szMsg)),
+                            reinterpret_cast<const jbyte*>(szMsg));
+    jfieldID field = env->GetFieldID(g_clsDataChangeInfo, fieldName, "[B");
+    env->SetObjectField(joDataChangeInfo, field, jbMsg);
+    env->DeleteLocalRef(jbMsg);
+}
+
+}  // namespace
+
+int32_t CSDKCB::fORVEXStatusCallback(int32_t nPDLLHandle, int32_t nStatus, void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(II)V");
+    event.Call(nPDLLHandle, nStatus);
+    return 0;
+}
+
+int32_t CSDKCB::fMediaDataCallback(int32_t nPDLLHandle, int32_t nSeq, int32_t nMediaType,
+                                   const char* szNodeId, int32_t nParamVal, char* szData,
+                                   int32_t nDataLen, void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(III[BI[BI)V");
+    const auto a = event.ByteArrays(Text(szNodeId), Buffer(szData, nDataLen));
+    event.Call(nPDLLHandle, nSeq, nMediaType, a[0], nParamVal, a[1], nDataLen);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXDeviceChangeCallback(int32_t nPDLLHandle, uint32_t nChangeType,
+                                           const char* szDeviceId, const char* szDepCode,
+                                           const char* szNewOrgCode, void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(II[B[B[B)V");
+    const auto a = event.ByteArrays(Text(szDeviceId), Text(szDepCode), Text(szNewOrgCode));
+    event.Call(nPDLLHandle, Bits(nChangeType), a[0], a[1], a[2]);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXDevStatusCallback(int32_t nPDLLHandle, const char* szDeviceId,
+                                        int32_t nStatus, void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[BI)V");
+    const auto a = event.ByteArrays(Text(szDeviceId));
+    event.Call(nPDLLHandle, a[0], nStatus);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXAlarmCallback(int32_t nPDLLHandle, const char* szAlarmId,
+                                    uint32_t nDeviceType, const char* szCameraId,
+                                    const char* szDeviceName, const char* szChannelName,
+                                    const char* szCoding, const char* szMessage,
+                                    uint32_t nAlarmType, uint32_t nEventType, uint32_t nLevel,
+                                    int64_t nTime, char* pAlarmData, uint32_t nAlarmDataLen,
+                                    char* pPicData, uint32_t nPicDataLen, void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[BI[B[B[B[B[BIIIJ[BI[BI)V");
+    const auto a =
+        event.ByteArrays(Text(szAlarmId), Text(szCameraId), Text(szDeviceName), Text(szChannelName),
+                         Text(szCoding), Text(szMessage), Buffer(pAlarmData, Bits(nAlarmDataLen)),
+                         Buffer(pPicData, Bits(nPicDataLen)));
+    event.Call(nPDLLHandle, a[0], Bits(nDeviceType), a[1], a[2], a[3], a[4], a[5], Bits(nAlarmType),
+               Bits(nEventType), Bits(nLevel), static_cast<jlong>(nTime), a[6], Bits(nAlarmDataLen),
+               a[7], Bits(nPicDataLen));
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXTalkParamCallback(int32_t nPDLLHandle, int nTalkType, int nAudioType,
+                                        int nAudioBit, int nSampleRate, int nTransMode,
+                                        void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(IIIIII)V");
+    event.Call(nPDLLHandle, nTalkType, nAudioType, nAudioBit, nSampleRate, nTransMode);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXRemoteDeviceSnapCallback(int32_t nPDLLHandle, const char* szCameraId,
+                                               const char* szFullPath, void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[B[B)V");
+    const auto a = event.ByteArrays(Text(szCameraId), Text(szFullPath));
+    event.Call(nPDLLHandle, a[0], a[1]);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXVideoAlarmHostStatusCallback(int32_t nPDLLHandle, char* szDeviceId,
+                                                   int32_t nChannelNO, int32_t nStatus,
+                                                   void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[BII)V");
+    const auto a = event.ByteArrays(Text(szDeviceId));
+    event.Call(nPDLLHandle, a[0], nChannelNO, nStatus);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXNetAlarmHostStatusCallback(int32_t nPDLLHandle, char* szDeviceId,
+                                                 int32_t nRType, int32_t nOperType, int32_t nStatus,
+                                                 void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[BIII)V");
+    const auto a = event.ByteArrays(Text(szDeviceId));
+    event.Call(nPDLLHandle, a[0], nRType, nOperType, nStatus);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXBroadcastReportStatusCallback(int32_t nPDLLHandle, char* szCameraId,
+                                                    int32_t nRType, int64_t nTime, int32_t nStatus,
+                                                    void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[BIJI)V");
+    const auto a = event.ByteArrays(Text(szCameraId));
+    event.Call(nPDLLHandle, a[0], nRType, static_cast<jlong>(nTime), nStatus);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXGeneralJsonTransportCallback(int32_t nPDLLHandle, const char* szJson,
+                                                   void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[B)V");
+    const auto a = event.ByteArrays(Text(szJson));
+    event.Call(nPDLLHandle, a[0]);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXNVRChnlStatusCallback(int32_t nPDLLHandle, const char* szChnlId,
+                                            int32_t nStatus, void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[BI)V");
+    const auto a = event.ByteArrays(Text(szChnlId));
+    event.Call(nPDLLHandle, a[0], nStatus);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXPecDoorStarusCallBack(int32_t nPDLLHandle, const char* szCamearId,
+                                            orvex_door_status_e nStatus, int64_t nTime,
+                                            void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[BII)V");
+    const auto a = event.ByteArrays(Text(szCamearId));
+    // The listener's signature has an int here: only the low 32 bits of the time arrive.
+    const jint nTimeLow = Bits(static_cast<uint32_t>(static_cast<uint64_t>(nTime)));
+    event.Call(nPDLLHandle, a[0], static_cast<jint>(nStatus), nTimeLow);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXShareVideoCallback(int32_t nPDLLHandle, ShareVideoInfo* pVideoInfo,
+                                         int32_t nVideoCount, const char* szMsg, int32_t nSrcUserId,
+                                         const char* szSrcUserName, void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(I[Lcom/zq/OrvexCore/ShareVideoInfo;[BI[B)V");
+    JNIEnv* env = event.env();
+    // Application classes cannot be found by name on a library thread: use the load-time class.
+    jobjectArray jaVideoInfos =
+        event.Track(env->NewObjectArray(nVideoCount, g_clsShareVideoInfo, nullptr));
+    jmethodID jmInit = env->GetMethodID(g_clsShareVideoInfo, "<init>", "()V");
+    for (int32_t i = 0; i < nVideoCount; ++i) {
+        const ShareVideoInfo& info = pVideoInfo[i];
+        jobject joVideoInfo = env->NewObject(g_clsShareVideoInfo, jmInit);
+        // All 64 bytes go into the array the constructor made, bytes after the NUL included.
+        CJniKits::SetStuByteArrayField(env, joVideoInfo, g_clsShareVideoInfo, "szCameraId",
+                                       info.szCameraId, sizeof(info.szCameraId));
+        CJniKits::SetStuIntField(env, joVideoInfo, g_clsShareVideoInfo, "nType", info.nType);
+        CJniKits::SetStuIntField(env, joVideoInfo, g_clsShareVideoInfo, "nSubStream",
+                                 info.nSubStream);
+        CJniKits::SetStuIntField(env, joVideoInfo, g_clsShareVideoInfo, "nIsMobile",
+                                 info.nIsMobile);
+        CJniKits::SetStuLongField(env, joVideoInfo, g_clsShareVideoInfo, "nPlanId",
+                                  static_cast<long>(info.nPlanId));
+        CJniKits::SetStuLongField(env, joVideoInfo, g_clsShareVideoInfo, "nPlaybacktime",
+                                  static_cast<long>(info.nPlaybacktime));
+        env->SetObjectArrayElement(jaVideoInfos, i, joVideoInfo);
+        env->DeleteLocalRef(joVideoInfo);
+    }
+    jbyteArray jarrMsg = event.ByteArrayByRelease(Text(szMsg));
+    jbyteArray jarrSrcUserName = event.ByteArrayByRelease(Text(szSrcUserName));
+    event.Call(nPDLLHandle, jaVideoInfos, jarrMsg, nSrcUserId, jarrSrcUserName);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXGetBayCarInfoCallbackEx(
+    int32_t nPDLLHandle, const char* szDeviceId, int32_t nDeviceIdLen, int32_t nDevChnId,
+    const char* szChannelId, int32_t nChannelIdLen, const char* szDeviceName,
+    int32_t nDeviceNameLen, const char* szDeviceChnName, int32_t nChanNameLen, const char* szCarNum,
+    int32_t nCarNumLen, int32_t nCarNumType, int32_t nCarNumColor, int32_t nCarSpeed,
+    int32_t nCarType, int32_t nCarColor, int32_t nCarLen, int32_t nCarDirect, int32_t nWayId,
+    uint64_t lCaptureTime, unsigned long lPicGroupStoreID, int32_t nIsNeedStore,
+    int32_t nIsStoraged, const char* szCaptureOrg, int32_t nCaptureOrgLen, const char* szOptOrg,
+    int32_t nOptOrgLen, const char* szOptUser, int32_t nOptUserLen, const char* szOptNote,
+    int32_t nOptNoteLen, const char* szImg0Path, int32_t nImg0PathLen, const char* szImg1Path,
+    int32_t nImg1PathLen, const char* szImg2Path, int32_t nImg2PathLen, const char* szImg3Path,
+    int32_t nImg3PathLen, const char* szImg4Path, int32_t nImg4PathLen, const char* szImg5Path,
+    int32_t nImg5PathLen, const char* szImgPlatePath, int32_t nImgPlatePathLen, int32_t icarLog,
+    int32_t iPlateLeft, int32_t iPlateRight, int32_t iPlateTop, int32_t iPlateBottom,
+    void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam,
+                "(I[BII[BI[BI[BI[BIIIIIIIIIJJII[BI[BI[BI[BI[BI[BI[BI[BI[BI[BI[BIIIIII)V");
+    // The library gives every length; a terminating NUL arrives only if the length counts it.
+    const auto a = event.ByteArrays(
+        Buffer(szDeviceId, nDeviceIdLen), Buffer(szChannelId, nChannelIdLen),
+        Buffer(szDeviceName, nDeviceNameLen), Buffer(szDeviceChnName, nChanNameLen),
+        Buffer(szCarNum, nCarNumLen), Buffer(szCaptureOrg, nCaptureOrgLen),
+        Buffer(szOptOrg, nOptOrgLen), Buffer(szOptUser, nOptUserLen),
+        Buffer(szOptNote, nOptNoteLen), Buffer(szImg0Path, nImg0PathLen),
+        Buffer(szImg1Path, nImg1PathLen), Buffer(szImg2Path, nImg2PathLen),
+        Buffer(szImg3Path, nImg3PathLen), Buffer(szImg4Path, nImg4PathLen),
+        Buffer(szImg5Path, nImg5PathLen), Buffer(szImgPlatePath, nImgPlatePathLen));
+    // The device name's array has always been deleted twice; kept as it is, and harmless.
+    event.DeleteTwice(a[2]);
+    event.Call(nPDLLHandle, a[0], nDeviceIdLen, nDevChnId, a[1], nChannelIdLen, a[2],
+               nDeviceNameLen, a[3], nChanNameLen, a[4], nCarNumLen, nCarNumType, nCarNumColor,
+               nCarSpeed, nCarType, nCarColor, nCarLen, nCarDirect, nWayId, Bits64(lCaptureTime),
+               Bits64(lPicGroupStoreID), nIsNeedStore, nIsStoraged, a[5], nCaptureOrgLen, a[6],
+               nOptOrgLen, a[7], nOptUserLen, a[8], nOptNoteLen, a[9], nImg0PathLen, a[10],
+               nImg1PathLen, a[11], nImg2PathLen, a[12], nImg3PathLen, a[13], nImg4PathLen, a[14],
+               nImg5PathLen, a[15], nImgPlatePathLen, icarLog, iPlateLeft, iPlateRight, iPlateTop,
+               iPlateBottom);
+    return 0;
+}
+
+int32_t CSDKCB::fORVEXDataChangeCallback(int32_t nPDLLHandle, DataChange_t* pDataChangeInfo,
+                                         void* pUserParam) {
+    if (pUserParam == nullptr) {
+        return 0;
+    }
+    Event event(pUserParam, "(ILcom/zq/OrvexCore/UserDataChange_t;)V");
+    event.LeaveClassToDetach();
+    JNIEnv* env = event.env();
+    jmethodID jmInit = env->GetMethodID(g_clsDataChangeInfo, "<init>", "()V");
+    jobject joDataChangeInfo = event.Track(env->NewObject(g_clsDataChangeInfo, jmInit));
+    CJniKits::SetStuLongField(env, joDataChangeInfo, g_clsDataChangeInfo, "nParam1",
+                              static_cast<long>(pDataChangeInfo->nParam1));
+    CJniKits::SetStuLongField(env, joDataChangeInfo, g_clsDataChangeInfo, "nParam2",
+                              static_cast<long>(pDataChangeInfo->nParam2));
+    SetMessageField(env, joDataChangeInfo, "szMsg1", pDataChangeInfo->szMsg1);
+    SetMessageField(env, joDataChangeInfo, "szMsg2", pDataChangeInfo->szMsg2);
+    event.Call(nPDLLHandle, joDataChangeInfo);
+    return 0;
+}
