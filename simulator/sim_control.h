@@ -30,8 +30,10 @@ ORVEXSIM_API bool fire(CbKind kind, int32_t handle, int32_t seq, const std::vect
                        int32_t* result, std::string* error);
 
 // Fires `eventsPerThread` events from each of `threads` threads at once; returns the number of
-// events delivered, or -1 with the reason in `error`.
+// events delivered, or -1 with the reason in `error`. When `stampArg` names an integer argument,
+// each event carries its own number there (thread * eventsPerThread + event), so that a
+// listener can tell every event apart; -1 sends the same arguments every time.
 ORVEXSIM_API long fireMany(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>& args,
-                           int threads, int eventsPerThread, std::string* error);
+                           int threads, int eventsPerThread, int stampArg, std::string* error);
 
 }  // namespace orvexsim::control

@@ -240,17 +240,27 @@ bool fire(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>& ar
 }
 
 long fireMany(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>& args, int threads,
-              int eventsPerThread, std::string* error) {
+              int eventsPerThread, int stampArg, std::string* error) {
     Registration reg;
     if (!FindTarget(kind, handle, seq, args, &reg, error)) {
+        return -1;
+    }
+    if (stampArg >= 0 && (static_cast<std::size_t>(stampArg) >= args.size() ||
+                          args[static_cast<std::size_t>(stampArg)].isBytes)) {
+        *error = "argument " + std::to_string(stampArg) + " is not an integer to stamp";
         return -1;
     }
     const Invoker invoke = kindSpec(kind).invoke;
     std::vector<std::thread> pool;
     for (int t = 0; t < threads; ++t) {
-        pool.emplace_back([&] {
+        pool.emplace_back([&, t] {
+            std::vector<Value> own = args;
             for (int e = 0; e < eventsPerThread; ++e) {
-                invoke(reg.fn, reg.user, args);
+                if (stampArg >= 0) {
+                    own[static_cast<std::size_t>(stampArg)].i =
+                        static_cast<int64_t>(t) * eventsPerThread + e;
+                }
+                invoke(reg.fn, reg.user, own);
             }
         });
     }

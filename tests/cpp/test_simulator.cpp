@@ -2,10 +2,14 @@
 // callbacks fired from threads of its own.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstring>
+#include <mutex>
+#include <numeric>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "ORVEX_Core.h"
 #include "sim_control.h"
@@ -126,7 +130,31 @@ TEST_F(StandIn, FiresARegisteredCallbackFromAThreadOfItsOwn) {
     EXPECT_EQ(7, result);
     EXPECT_EQ(10301, g_seen.load());
     EXPECT_NE(std::this_thread::get_id(), g_thread);
-    EXPECT_EQ(8, control::fireMany(CbKind::Status, 3, 0, {Int(3), Int(2)}, 4, 2, &error));
+    EXPECT_EQ(8, control::fireMany(CbKind::Status, 3, 0, {Int(3), Int(2)}, 4, 2, -1, &error));
+    EXPECT_EQ(-1, control::fireMany(CbKind::Status, 3, 0, {Int(3), Int(2)}, 4, 2, 2, &error));
+}
+
+std::mutex g_stampsMu;
+std::vector<int32_t> g_stamps;
+
+int32_t StampProbe(int32_t, int32_t nStatus, void*) {
+    std::lock_guard<std::mutex> lock(g_stampsMu);
+    g_stamps.push_back(nStatus);
+    return 0;
+}
+
+TEST_F(StandIn, StampsEveryEventOfAStormWithItsOwnNumber) {
+    ASSERT_EQ(0, ORVEX_SetORVEXStatusCallback(3, StampProbe, nullptr));
+    g_stamps.clear();
+    std::string error;
+
+    ASSERT_EQ(300, control::fireMany(CbKind::Status, 3, 0, {Int(3), Int(-1)}, 3, 100, 1, &error))
+        << error;
+
+    std::sort(g_stamps.begin(), g_stamps.end());
+    std::vector<int32_t> expected(300);
+    std::iota(expected.begin(), expected.end(), 0);
+    EXPECT_EQ(expected, g_stamps);
 }
 
 TEST_F(StandIn, KeepsRegistrationsPerInstanceAndForgetsRefusedOrSwitchedOffOnes) {

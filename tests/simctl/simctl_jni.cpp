@@ -2,6 +2,7 @@
 // its replies and fire callbacks, without going through the bridge under test.
 #include <jni.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -68,8 +69,11 @@ std::vector<Value> ToValues(JNIEnv* env, jobjectArray args) {
             v.isBytes = true;
             v.b = ToBytes(env, static_cast<jbyteArray>(o));
         }
-        values.push_back(std::move(v));
         env->DeleteLocalRef(o);
+        if (env->ExceptionCheck()) {
+            break;
+        }
+        values.push_back(std::move(v));
     }
     return values;
 }
@@ -158,9 +162,13 @@ JNIEXPORT jint JNICALL Java_simctl_SimControl_fire(JNIEnv* env, jclass, jstring 
     if (!Kind(env, kindName, &kind)) {
         return 0;
     }
+    const std::vector<Value> values = ToValues(env, args);
+    if (env->ExceptionCheck()) {
+        return 0;
+    }
     int32_t result = 0;
     std::string error;
-    if (!orvexsim::control::fire(kind, handle, seq, ToValues(env, args), &result, &error)) {
+    if (!orvexsim::control::fire(kind, handle, seq, values, &result, &error)) {
         ThrowState(env, error);
     }
     return result;
@@ -168,18 +176,42 @@ JNIEXPORT jint JNICALL Java_simctl_SimControl_fire(JNIEnv* env, jclass, jstring 
 
 JNIEXPORT jlong JNICALL Java_simctl_SimControl_fireMany(JNIEnv* env, jclass, jstring kindName,
                                                         jint handle, jint seq, jobjectArray args,
-                                                        jint threads, jint eventsPerThread) {
+                                                        jint threads, jint eventsPerThread,
+                                                        jint stampArg) {
     CbKind kind;
     if (!Kind(env, kindName, &kind)) {
         return 0;
     }
+    const std::vector<Value> values = ToValues(env, args);
+    if (env->ExceptionCheck()) {
+        return 0;
+    }
     std::string error;
-    const long delivered = orvexsim::control::fireMany(kind, handle, seq, ToValues(env, args),
-                                                       threads, eventsPerThread, &error);
+    const long delivered = orvexsim::control::fireMany(kind, handle, seq, values, threads,
+                                                       eventsPerThread, stampArg, &error);
     if (delivered < 0) {
         ThrowState(env, error);
     }
     return delivered;
+}
+
+// Puts a registration in place as the library keeps it, bypassing the registration functions:
+// for callbacks no native registers, and for events with null user data. The listener's global
+// reference is never deleted, since the stand-in may call with it until the next reset.
+JNIEXPORT void JNICALL Java_simctl_SimControl_install(JNIEnv* env, jclass, jstring kindName,
+                                                      jint handle, jint seq, jlong fn,
+                                                      jobject listener) {
+    CbKind kind;
+    if (!Kind(env, kindName, &kind)) {
+        return;
+    }
+    void* pfn = reinterpret_cast<void*>(static_cast<intptr_t>(fn));
+    void* user = listener != nullptr ? env->NewGlobalRef(listener) : nullptr;
+    if (kind == CbKind::MediaData) {
+        orvexsim::setStream(handle, seq, pfn, user);
+    } else {
+        orvexsim::setCallback(kind, handle, pfn, user);
+    }
 }
 
 }  // extern "C"

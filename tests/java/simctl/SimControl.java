@@ -34,9 +34,22 @@ public final class SimControl {
      */
     public static native int fire(String kind, int handle, int seq, Object[] args);
 
-    /** Fires from {@code threads} threads at once; returns the number of events delivered. */
-    public static native long fireMany(
-            String kind, int handle, int seq, Object[] args, int threads, int eventsPerThread);
+    /**
+     * Fires {@code eventsPerThread} events from each of {@code threads} stand-in threads at once
+     * and returns the number delivered. When {@code stampArg} is an argument index, that integer
+     * argument carries each event's own number ({@code thread * eventsPerThread + event});
+     * -1 sends the same arguments every time.
+     */
+    public static native long fireMany(String kind, int handle, int seq, Object[] args,
+            int threads, int eventsPerThread, int stampArg);
+
+    /**
+     * Puts a registration in place as the library would keep it, without a registration call:
+     * function address {@code fn} (see {@link BridgeInternals#trampoline}) with a new global
+     * reference to {@code listener} as user data, or null user data for a null listener. Media
+     * registrations belong to stream {@code seq}.
+     */
+    public static native void install(String kind, int handle, int seq, long fn, Object listener);
 
     /** Queues the reply to the next unanswered call of {@code fn}. */
     public static void script(String fn, int result, Write... writes) {
