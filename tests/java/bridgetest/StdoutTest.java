@@ -3,11 +3,6 @@ package bridgetest;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 
 import com.zq.OrvexCore.IOrvexCore;
-import java.io.ByteArrayOutputStream;
-import java.io.InputStream;
-import java.nio.charset.StandardCharsets;
-import java.util.List;
-import java.util.concurrent.TimeUnit;
 import org.junit.jupiter.api.Test;
 
 /**
@@ -27,26 +22,6 @@ class StdoutTest {
         }
     }
 
-    static String runChild(Class<?> main) throws Exception {
-        String java = System.getProperty("java.home") + "/bin/java";
-        Process p = new ProcessBuilder(List.of(java, "-Xcheck:jni",
-                        "-D" + IOrvexCore.LIBRARY_PROPERTY + "="
-                                + System.getProperty(IOrvexCore.LIBRARY_PROPERTY),
-                        "-cp", System.getProperty("orvex.test.classpath"), main.getName()))
-                .redirectError(ProcessBuilder.Redirect.INHERIT)
-                .start();
-        ByteArrayOutputStream out = new ByteArrayOutputStream();
-        try (InputStream in = p.getInputStream()) {
-            in.transferTo(out);
-        }
-        if (!p.waitFor(60, TimeUnit.SECONDS)) {
-            p.destroyForcibly();
-            throw new AssertionError(main.getName() + " did not finish");
-        }
-        assertEquals(0, p.exitValue(), out.toString(StandardCharsets.UTF_8));
-        return out.toString(StandardCharsets.UTF_8);
-    }
-
     @Test
     void loadAndFileNameLinesAreExactlyTheseAndNothingElse() throws Exception {
         assertEquals("g_jvm = vm\n"
@@ -54,6 +29,6 @@ class StdoutTest {
                         + "###### ddd: ORVEX_SetLog env->GetArrayLength(jbFileName) <= 0"
                         + "###### ddd: ORVEX_StartMonitor(m1)"
                         + "###### ddd: ORVEX_StartMonitor env->GetArrayLength(jbFileName) <= 0",
-                runChild(Child.class));
+                ChildJvm.run(Child.class));
     }
 }

@@ -1,0 +1,41 @@
+package bridgetest;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+
+import com.zq.OrvexCore.IOrvexCore;
+import java.io.ByteArrayOutputStream;
+import java.io.InputStream;
+import java.nio.charset.StandardCharsets;
+import java.util.List;
+import java.util.concurrent.TimeUnit;
+
+/**
+ * Runs a main class in a JVM of its own, with -Xcheck:jni and the libraries of this one, and
+ * returns its standard output (the bridge's printf lines and any JNI warning land there).
+ */
+final class ChildJvm {
+    private ChildJvm() {}
+
+    static String run(Class<?> main) throws Exception {
+        String java = System.getProperty("java.home") + "/bin/java";
+        Process p = new ProcessBuilder(List.of(java, "-Xcheck:jni",
+                        property(IOrvexCore.LIBRARY_PROPERTY), property("orvex.simctl.library"),
+                        "-cp", System.getProperty("orvex.test.classpath"), main.getName()))
+                .redirectError(ProcessBuilder.Redirect.INHERIT)
+                .start();
+        ByteArrayOutputStream out = new ByteArrayOutputStream();
+        try (InputStream in = p.getInputStream()) {
+            in.transferTo(out);
+        }
+        if (!p.waitFor(60, TimeUnit.SECONDS)) {
+            p.destroyForcibly();
+            throw new AssertionError(main.getName() + " did not finish");
+        }
+        assertEquals(0, p.exitValue(), out.toString(StandardCharsets.UTF_8));
+        return out.toString(StandardCharsets.UTF_8);
+    }
+
+    private static String property(String name) {
+        return "-D" + name + "=" + System.getProperty(name);
+    }
+}
