@@ -21,8 +21,11 @@ import com.zq.OrvexCore.TvWall.TvWall_Screen_Split_t;
  *
  * <p>Listener parameters are typed {@link Object}: any object whose class has a public method
  * {@code invoke} with the parameter list of the kind's listener interface (such as {@link
- * ORVEXStatusCallback} or {@link MediaDataCallback}) is accepted. A registered listener stays
- * reachable for the rest of the process.
+ * ORVEXStatusCallback} or {@link MediaDataCallback}) is accepted. Registering a listener for a
+ * kind replaces the previous one; registering null switches the kind off. Events are delivered on
+ * the client library's own threads, each attached to the virtual machine for one event only. A
+ * registered listener stays reachable for the rest of the process, even after it was replaced or
+ * switched off.
  *
  * <p>Loading this class loads the native bridge. If the system property {@value
  * #LIBRARY_PROPERTY} is set to a non-empty value, it is taken as the absolute path of the bridge's
