@@ -13,18 +13,12 @@
 #include <string>
 #include <vector>
 
+#include "jni_util.h"
+
 namespace {
 
-void Throw(JNIEnv* env, const std::string& message) {
-    env->ThrowNew(env->FindClass("java/lang/IllegalStateException"), message.c_str());
-}
-
-std::string ToString(JNIEnv* env, jstring s) {
-    const char* chars = env->GetStringUTFChars(s, nullptr);
-    std::string out(chars);
-    env->ReleaseStringUTFChars(s, chars);
-    return out;
-}
+using simctl::ThrowState;
+using simctl::ToString;
 
 // The load bias of an already loaded library, or false if it is not loaded.
 bool LoadBias(const std::string& path, uintptr_t* bias) {
@@ -87,17 +81,17 @@ JNIEXPORT jlong JNICALL Java_simctl_BridgeInternals_address(JNIEnv* env, jclass,
     const std::string name = ToString(env, jName);
     uintptr_t bias = 0;
     if (!LoadBias(path, &bias)) {
-        Throw(env, path + " is not loaded");
+        ThrowState(env, path + " is not loaded");
         return 0;
     }
     std::vector<uint64_t> values;
     std::string error;
     if (!FindSymbols(path, name, prefix, &values, &error)) {
-        Throw(env, error);
+        ThrowState(env, error);
         return 0;
     }
     if (values.size() != 1) {
-        Throw(env, std::to_string(values.size()) + " symbols match " + name + " in " + path);
+        ThrowState(env, std::to_string(values.size()) + " symbols match " + name + " in " + path);
         return 0;
     }
     return static_cast<jlong>(bias + values[0]);

@@ -6,19 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "jni_util.h"
 #include "sim_control.h"
 
 namespace {
 
 using orvexsim::CbKind;
 using orvexsim::Value;
-
-std::string ToString(JNIEnv* env, jstring s) {
-    const char* chars = env->GetStringUTFChars(s, nullptr);
-    std::string out(chars);
-    env->ReleaseStringUTFChars(s, chars);
-    return out;
-}
+using simctl::ThrowState;
+using simctl::ToString;
 
 std::vector<uint8_t> ToBytes(JNIEnv* env, jbyteArray a) {
     std::vector<uint8_t> out(static_cast<size_t>(env->GetArrayLength(a)));
@@ -32,11 +28,6 @@ jbyteArray ToJava(JNIEnv* env, const std::vector<uint8_t>& b) {
     env->SetByteArrayRegion(a, 0, static_cast<jsize>(b.size()),
                             reinterpret_cast<const jbyte*>(b.data()));
     return a;
-}
-
-void ThrowState(JNIEnv* env, const std::string& message) {
-    jclass cls = env->FindClass("java/lang/IllegalStateException");
-    env->ThrowNew(cls, message.c_str());
 }
 
 bool Kind(JNIEnv* env, jstring name, CbKind* kind) {

@@ -1,5 +1,6 @@
 package bridgetest;
 
+import com.zq.OrvexCore.IOrvexCore;
 import com.zq.OrvexCore.ShareVideoInfo;
 import com.zq.OrvexCore.UserDataChange_t;
 import java.lang.reflect.Array;
@@ -247,6 +248,23 @@ final class CallbackCases {
 
     static boolean firesBayRecords(Case c) {
         return c.kind().equals("ORVEXGetBayCarInfoCallbackEx");
+    }
+
+    /** Calls the kind's listener setter for {@code handle}; returns its result. */
+    static int set(Case c, int handle, Object listener) throws Exception {
+        return (Integer) IOrvexCore.class.getMethod(c.setter(), int.class, Object.class)
+                .invoke(null, handle, listener);
+    }
+
+    /** One case per kind that a setter registers (all but media and data change). */
+    static List<Case> setterKinds() {
+        List<Case> out = new ArrayList<>();
+        for (Case c : onePerKind()) {
+            if (c.setter() != null) {
+                out.add(c);
+            }
+        }
+        return out;
     }
 
     /** The first case of each kind: one event every kind can take. */

@@ -8,7 +8,6 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotSame;
 
 import bridgetest.CallbackCases.Case;
-import com.zq.OrvexCore.IOrvexCore;
 import java.lang.management.ManagementFactory;
 import java.lang.management.ThreadMXBean;
 import java.util.List;
@@ -49,9 +48,7 @@ class CallbackDispatchTest {
             SimControl.install(
                     c.kind(), HANDLE, SEQ, BridgeInternals.trampoline(c.kind()), listener);
         } else {
-            Object result = IOrvexCore.class.getMethod(c.setter(), int.class, Object.class)
-                    .invoke(null, HANDLE, listener);
-            assertEquals(0, result);
+            assertEquals(0, CallbackCases.set(c, HANDLE, listener));
         }
     }
 

@@ -28,14 +28,13 @@ class GlobalJvmTest {
             IOrvexCore.ORVEX_SetORVEXTalkParamCallback(3, null);
             System.out.print(TALK_SETTER + ": " + BridgeInternals.readPointer(gJvm) + "\n");
 
-            for (Case c : ListenerSetterTest.setterKinds()) {
+            for (Case c : CallbackCases.setterKinds()) {
                 if (c.setter().equals(TALK_SETTER)) {
                     continue;
                 }
                 BridgeInternals.writePointer(gJvm, 0);
                 // The unregister path fills it too: that happens before the listener is looked at.
-                IOrvexCore.class.getMethod(c.setter(), int.class, Object.class)
-                        .invoke(null, 3, null);
+                CallbackCases.set(c, 3, null);
                 System.out.print(
                         c.setter() + ": " + (BridgeInternals.readPointer(gJvm) == vm) + "\n");
             }
@@ -46,7 +45,7 @@ class GlobalJvmTest {
     void everySetterButTheTalkParameterOneFillsTheVirtualMachinePointer() throws Exception {
         StringBuilder expected = new StringBuilder("g_jvm = vm\nafter load: true\n");
         expected.append(TALK_SETTER).append(": 0\n");
-        for (Case c : ListenerSetterTest.setterKinds()) {
+        for (Case c : CallbackCases.setterKinds()) {
             if (!c.setter().equals(TALK_SETTER)) {
                 expected.append(c.setter()).append(": true\n");
             }

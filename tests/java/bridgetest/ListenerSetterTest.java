@@ -10,10 +10,8 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import bridgetest.CallbackCases.Case;
-import com.zq.OrvexCore.IOrvexCore;
 import java.lang.ref.WeakReference;
 import java.util.List;
-import java.util.stream.Collectors;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.params.ParameterizedTest;
@@ -30,14 +28,11 @@ class ListenerSetterTest {
     }
 
     static List<Case> setterKinds() {
-        return CallbackCases.onePerKind().stream()
-                .filter(c -> c.setter() != null)
-                .collect(Collectors.toList());
+        return CallbackCases.setterKinds();
     }
 
-    static int set(Case c, Object listener) throws Exception {
-        return (Integer) IOrvexCore.class.getMethod(c.setter(), int.class, Object.class)
-                .invoke(null, HANDLE, listener);
+    private static int set(Case c, Object listener) throws Exception {
+        return CallbackCases.set(c, HANDLE, listener);
     }
 
     @Test
