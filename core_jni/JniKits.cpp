@@ -64,8 +64,9 @@ class ArrayBound {
         : env_(env), what_(what), nWanted_(nWanted), nLength_(env->GetArrayLength(array)) {}
     ~ArrayBound() {
         if (nWanted_ > nLength_) {
-            Throw(env_, "java/lang/ArrayIndexOutOfBoundsException",
-                  Format("%s: %d elements requested, array has %d", what_, nWanted_, nLength_));
+            CJniKits::ThrowIndexOutOfBounds(
+                env_, Format("%s: %d elements requested, array has %d", what_, nWanted_, nLength_)
+                          .c_str());
         }
     }
     jsize count() const { return nWanted_ < nLength_ ? nWanted_ : nLength_; }
@@ -88,6 +89,18 @@ jfieldID BoxValueField(JNIEnv* env, jobject obj, const char* boxClass, const cha
 
 void CJniKits::ThrowNull(JNIEnv* env, const char* what) {
     Throw(env, "java/lang/NullPointerException", std::string(what) + " is null");
+}
+
+void CJniKits::ThrowOutOfMemory(JNIEnv* env, const char* message) {
+    Throw(env, "java/lang/OutOfMemoryError", message);
+}
+
+void CJniKits::ThrowIllegalArgument(JNIEnv* env, const char* message) {
+    Throw(env, "java/lang/IllegalArgumentException", message);
+}
+
+void CJniKits::ThrowIndexOutOfBounds(JNIEnv* env, const char* message) {
+    Throw(env, "java/lang/ArrayIndexOutOfBoundsException", message);
 }
 
 CJniKits::ExceptionStash::ExceptionStash(JNIEnv* env)
@@ -233,9 +246,10 @@ void CJniKits::ReadByteArrayField(JNIEnv* env, jobject valueObject, jclass clsSt
             const auto nCopy = static_cast<jsize>(std::min<std::size_t>(nLength, nMemberSize));
             env->GetByteArrayRegion(array, 0, nCopy, reinterpret_cast<jbyte*>(pArray));
             if (static_cast<std::size_t>(nLength) > nMemberSize) {
-                Throw(env, "java/lang/IllegalArgumentException",
-                      Format("%s: %d bytes do not fit the C member of %zu bytes; copied %zu",
-                             fieldName, nLength, nMemberSize, nMemberSize));
+                ThrowIllegalArgument(
+                    env, Format("%s: %d bytes do not fit the C member of %zu bytes; copied %zu",
+                                fieldName, nLength, nMemberSize, nMemberSize)
+                             .c_str());
             }
         });
 }

@@ -99,8 +99,38 @@ class CJniKits {
     static void CreateDeviceInfoObject(JNIEnv* env, jobject objDeviceInfo,
                                        const Device_Info_Ex_t& devInfo);
 
-    // Leaves a NullPointerException naming `what` pending unless an exception already is.
-    static void ThrowNull(JNIEnv* env, const char* what);
+    // Each leaves its exception pending unless an exception already is, so the first fault
+    // is the one Java sees.
+    static void ThrowNull(JNIEnv* env, const char* what);  // NullPointerException: "<what> is null"
+    static void ThrowOutOfMemory(JNIEnv* env, const char* message);      // OutOfMemoryError
+    static void ThrowIllegalArgument(JNIEnv* env, const char* message);  // IllegalArgumentException
+    static void ThrowIndexOutOfBounds(JNIEnv* env,
+                                      const char* message);  // ArrayIndexOutOfBoundsException
+
+    // A local reference deleted when the scope ends; release() hands it over undeleted, for the
+    // few places that deliberately leave a reference to the end of the native method.
+    template <typename T>
+    class ScopedLocalRef {
+      public:
+        ScopedLocalRef(JNIEnv* env, T ref) : env_(env), ref_(ref) {}
+        ~ScopedLocalRef() {
+            if (ref_ != nullptr) {
+                env_->DeleteLocalRef(ref_);
+            }
+        }
+        ScopedLocalRef(const ScopedLocalRef&) = delete;
+        ScopedLocalRef& operator=(const ScopedLocalRef&) = delete;
+        T get() const { return ref_; }
+        T release() {
+            T ref = ref_;
+            ref_ = nullptr;
+            return ref;
+        }
+
+      private:
+        JNIEnv* env_;
+        T ref_;
+    };
 
     // Lets a stretch of JNI calls run as if no exception were pending, then puts the first
     // exception back. JNI forbids most calls while an exception is pending, yet the bridge

@@ -7,8 +7,8 @@
 #include <cassert>
 #include <cstring>
 
+#include "BridgeFrame.h"
 #include "JniKits.h"
-#include "com_zq_OrvexCore_IOrvexCore.h"
 
 namespace {
 

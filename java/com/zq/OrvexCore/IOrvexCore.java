@@ -54,6 +54,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Client instance and diagnostics
+    //   natives: core_jni/IOrvexCore_session.cpp
     // ---------------------------------------------------------------------------------------
 
     /**
@@ -76,6 +77,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Login and user account
+    //   natives: core_jni/IOrvexCore_session.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Logs in to the platform server. */
@@ -111,6 +113,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Organisation tree loading and export
+    //   natives: core_jni/IOrvexCore_catalogue.cpp
     // ---------------------------------------------------------------------------------------
 
     /**
@@ -153,6 +156,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Group nodes and devices
+    //   natives: core_jni/IOrvexCore_catalogue.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Reads the child groups and devices of a group into the caller's pre-filled arrays. */
@@ -164,6 +168,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Channels
+    //   natives: core_jni/IOrvexCore_catalogue.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Reads the encoder channels of a device, short form, into the caller's pre-filled array. */
@@ -194,6 +199,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Logical organisation
+    //   natives: core_jni/IOrvexCore_catalogue.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Tells whether the platform keeps a logical organisation tree. */
@@ -226,6 +232,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Listener registration (a null listener switches the kind off)
+    //   natives: core_jni/IOrvexCore_listeners.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Registers the connection-status listener ({@link ORVEXStatusCallback}). */
@@ -287,6 +294,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Live streams (frames go to a MediaDataCallback)
+    //   natives: core_jni/IOrvexCore_media.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Opens a live stream and returns its sequence number in {@code jbReturnValue}. */
@@ -324,6 +332,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Record search
+    //   natives: core_jni/IOrvexCore_media.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Searches recordings and returns the number found in {@code jbReturnValue}. */
@@ -349,6 +358,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Playback streams (frames go to a MediaDataCallback)
+    //   natives: core_jni/IOrvexCore_media.cpp
     // ---------------------------------------------------------------------------------------
 
     /**
@@ -407,6 +417,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Talk and broadcast
+    //   natives: core_jni/IOrvexCore_talk.cpp
     // ---------------------------------------------------------------------------------------
 
     /**
@@ -452,6 +463,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // PTZ motion and device switches
+    //   natives: core_jni/IOrvexCore_ptz.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Starts or stops a pan-tilt movement. */
@@ -487,6 +499,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Preset points
+    //   natives: core_jni/IOrvexCore_ptz.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Lists the preset points of a camera. */
@@ -499,6 +512,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Alarm subscription and enabling
+    //   natives: core_jni/IOrvexCore_alarms.cpp
     // ---------------------------------------------------------------------------------------
 
     /**
@@ -524,6 +538,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Alarm history
+    //   natives: core_jni/IOrvexCore_alarms.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Counts the alarms that match a filter; the count is written even when the call fails. */
@@ -544,6 +559,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Alarm schemes and alarm reporting
+    //   natives: core_jni/IOrvexCore_alarms.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Returns the number of alarm schemes in {@code joCount}; written even when the call fails. */
@@ -564,6 +580,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Device lists and status
+    //   natives: core_jni/IOrvexCore_status_hosts.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Returns the length of the device list text in {@code jbReturnValue}. */
@@ -600,6 +617,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Alarm hosts
+    //   natives: core_jni/IOrvexCore_status_hosts.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Sends a control command to a channel of a video alarm host. */
@@ -643,6 +661,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Video wall layout
+    //   natives: core_jni/IOrvexCore_wall.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Returns the number of video walls in {@code joCount}; written even when the call fails. */
@@ -665,6 +684,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Video wall control
+    //   natives: core_jni/IOrvexCore_wall.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Puts a camera's video into a window of a wall screen. */
@@ -695,6 +715,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Burner and disks
+    //   natives: core_jni/IOrvexCore_burner_disks.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Sends a command to the disc burner of a recording device. */
@@ -722,6 +743,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // JSON and message transport
+    //   natives: core_jni/IOrvexCore_aux.cpp
     // ---------------------------------------------------------------------------------------
 
     /**
@@ -748,6 +770,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Video sharing and on-screen text
+    //   natives: core_jni/IOrvexCore_aux.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Shares videos with platform users together with a message. */
@@ -764,6 +787,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Doors, link resources and NVR channel status
+    //   natives: core_jni/IOrvexCore_aux.cpp
     // ---------------------------------------------------------------------------------------
 
     /**
@@ -792,6 +816,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // GPS, vehicle bays and people counting
+    //   natives: core_jni/IOrvexCore_aux.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Returns the length of the last-GPS-status text in {@code jbReturnValue}. */
