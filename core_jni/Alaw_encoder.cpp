@@ -595,6 +595,7 @@ int g711u_Decode(unsigned char* src, char* dest, int srclen, int* dstlen) {
         const short s = _u2l[src[i]];
         std::memcpy(dest + 2 * static_cast<long>(i), &s, sizeof s);
     }
-    *dstlen = srclen * 2;
+    // Doubled in unsigned arithmetic: a srclen of 2^30 or more wraps instead of overflowing.
+    *dstlen = static_cast<int>(static_cast<unsigned int>(srclen) * 2u);
     return 1;
 }

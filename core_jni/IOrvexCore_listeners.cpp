@@ -4,6 +4,7 @@
 
 #include "BridgeFrame.h"
 #include "JniKits.h"
+#include "NativeShapes.h"
 #include "ORVEX_Core.h"
 #include "SDKCallback.h"
 
@@ -18,7 +19,7 @@ enum class FillJvm { Yes, No };
 // The reference is never deleted, not when replaced, switched off or refused by the library:
 // the library may still hold it and call with it from its threads.
 template <typename Pfn>
-jint RegisterListener(JNIEnv* env, jint jiHandle, jobject listener,
+jint RegisterListener(JNIEnv* env, jint jiHandle, jobject listener, const ListenerKind& kind,
                       int32_t (*registerFn)(int32_t, Pfn, void*), Pfn trampoline,
                       FillJvm fillJvm = FillJvm::Yes) {
     if (fillJvm == FillJvm::Yes && g_jvm.load(std::memory_order_relaxed) == nullptr) {
@@ -28,6 +29,9 @@ jint RegisterListener(JNIEnv* env, jint jiHandle, jobject listener,
     }
     if (listener == nullptr) {
         return StoreResult(registerFn(jiHandle, nullptr, nullptr));
+    }
+    if (!ListenerFits(env, listener, kind)) {
+        return RefuseInput();
     }
     jobject globalListener = env->NewGlobalRef(listener);
     if (globalListener == nullptr) {
@@ -42,91 +46,94 @@ extern "C" {
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetORVEXStatusCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbStatusCallback) {
-    return RegisterListener(env, jiHandle, jbStatusCallback, ORVEX_SetORVEXStatusCallback,
-                            CSDKCB::fORVEXStatusCallback);
+    return RegisterListener(env, jiHandle, jbStatusCallback, listener_kinds::kStatus,
+                            ORVEX_SetORVEXStatusCallback, CSDKCB::fORVEXStatusCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetORVEXDeviceChangeCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbDeviceChangeCallback) {
-    return RegisterListener(env, jiHandle, jbDeviceChangeCallback,
+    return RegisterListener(env, jiHandle, jbDeviceChangeCallback, listener_kinds::kDeviceChange,
                             ORVEX_SetORVEXDeviceChangeCallback, CSDKCB::fORVEXDeviceChangeCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetORVEXDeviceStatusCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbDevStatusCallback) {
-    return RegisterListener(env, jiHandle, jbDevStatusCallback, ORVEX_SetORVEXDeviceStatusCallback,
-                            CSDKCB::fORVEXDevStatusCallback);
+    return RegisterListener(env, jiHandle, jbDevStatusCallback, listener_kinds::kDevStatus,
+                            ORVEX_SetORVEXDeviceStatusCallback, CSDKCB::fORVEXDevStatusCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetORVEXAlarmCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbAlarmCallback) {
-    return RegisterListener(env, jiHandle, jbAlarmCallback, ORVEX_SetORVEXAlarmCallback,
-                            CSDKCB::fORVEXAlarmCallback);
+    return RegisterListener(env, jiHandle, jbAlarmCallback, listener_kinds::kAlarm,
+                            ORVEX_SetORVEXAlarmCallback, CSDKCB::fORVEXAlarmCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetORVEXTalkParamCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbTalkParamCallback) {
-    return RegisterListener(env, jiHandle, jbTalkParamCallback, ORVEX_SetORVEXTalkParamCallback,
-                            CSDKCB::fORVEXTalkParamCallback, FillJvm::No);
+    return RegisterListener(env, jiHandle, jbTalkParamCallback, listener_kinds::kTalkParam,
+                            ORVEX_SetORVEXTalkParamCallback, CSDKCB::fORVEXTalkParamCallback,
+                            FillJvm::No);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetORVEXRemoteDeviceSnapCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbRemoteDeviceSnapCallback) {
-    return RegisterListener(env, jiHandle, jbRemoteDeviceSnapCallback,
-                            ORVEX_SetORVEXRemoteDeviceSnapCallback,
-                            CSDKCB::fORVEXRemoteDeviceSnapCallback);
+    return RegisterListener(
+        env, jiHandle, jbRemoteDeviceSnapCallback, listener_kinds::kRemoteDeviceSnap,
+        ORVEX_SetORVEXRemoteDeviceSnapCallback, CSDKCB::fORVEXRemoteDeviceSnapCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetVideoAlarmHostStatusCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject joVideoAlarmHostStatusCallback) {
-    return RegisterListener(env, jiHandle, joVideoAlarmHostStatusCallback,
-                            ORVEX_SetVideoAlarmHostStatusCallback,
-                            CSDKCB::fORVEXVideoAlarmHostStatusCallback);
+    return RegisterListener(
+        env, jiHandle, joVideoAlarmHostStatusCallback, listener_kinds::kVideoAlarmHostStatus,
+        ORVEX_SetVideoAlarmHostStatusCallback, CSDKCB::fORVEXVideoAlarmHostStatusCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetNetAlarmHostStatusCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject joNetAlarmHostStatusCallback) {
-    return RegisterListener(env, jiHandle, joNetAlarmHostStatusCallback,
-                            ORVEX_SetNetAlarmHostStatusCallback,
-                            CSDKCB::fORVEXNetAlarmHostStatusCallback);
+    return RegisterListener(
+        env, jiHandle, joNetAlarmHostStatusCallback, listener_kinds::kNetAlarmHostStatus,
+        ORVEX_SetNetAlarmHostStatusCallback, CSDKCB::fORVEXNetAlarmHostStatusCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetBroadcastReportStatusCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject joBroadcastReportStatusCallback) {
-    return RegisterListener(env, jiHandle, joBroadcastReportStatusCallback,
-                            ORVEX_SetBroadcastReportStatusCallback,
-                            CSDKCB::fORVEXBroadcastReportStatusCallback);
+    return RegisterListener(
+        env, jiHandle, joBroadcastReportStatusCallback, listener_kinds::kBroadcastReportStatus,
+        ORVEX_SetBroadcastReportStatusCallback, CSDKCB::fORVEXBroadcastReportStatusCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetGeneralJsonTransportCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbGeneralJsonTransportCallback) {
-    return RegisterListener(env, jiHandle, jbGeneralJsonTransportCallback,
-                            ORVEX_SetGeneralJsonTransportCallback,
-                            CSDKCB::fORVEXGeneralJsonTransportCallback);
+    return RegisterListener(
+        env, jiHandle, jbGeneralJsonTransportCallback, listener_kinds::kGeneralJsonTransport,
+        ORVEX_SetGeneralJsonTransportCallback, CSDKCB::fORVEXGeneralJsonTransportCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetORVEXNVRChnlStatusCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject joORVEXNVRChnlStatusCallback) {
     return RegisterListener(env, jiHandle, joORVEXNVRChnlStatusCallback,
-                            ORVEX_SetORVEXNVRChnlStatusCallback,
+                            listener_kinds::kNVRChnlStatus, ORVEX_SetORVEXNVRChnlStatusCallback,
                             CSDKCB::fORVEXNVRChnlStatusCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetPecDoorStatusCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject joORVEXPecDoorStarusCallBack) {
     return RegisterListener(env, jiHandle, joORVEXPecDoorStarusCallBack,
-                            ORVEX_SetPecDoorStatusCallback, CSDKCB::fORVEXPecDoorStarusCallBack);
+                            listener_kinds::kPecDoorStatus, ORVEX_SetPecDoorStatusCallback,
+                            CSDKCB::fORVEXPecDoorStarusCallBack);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetShareVideoCallback(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbShareVideoCallback) {
-    return RegisterListener(env, jiHandle, jbShareVideoCallback, ORVEX_SetShareVideoCallback,
-                            CSDKCB::fORVEXShareVideoCallback);
+    return RegisterListener(env, jiHandle, jbShareVideoCallback, listener_kinds::kShareVideo,
+                            ORVEX_SetShareVideoCallback, CSDKCB::fORVEXShareVideoCallback);
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetORVEXGetBayCarInfoCallbackEx(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbBayCarInfoEx) {
-    return RegisterListener(env, jiHandle, jbBayCarInfoEx, ORVEX_SetORVEXGetBayCarInfoCallbackEx,
+    return RegisterListener(env, jiHandle, jbBayCarInfoEx, listener_kinds::kBayCarInfoEx,
+                            ORVEX_SetORVEXGetBayCarInfoCallbackEx,
                             CSDKCB::fORVEXGetBayCarInfoCallbackEx);
 }
 

@@ -6,6 +6,7 @@
 #include <array>
 #include <cassert>
 #include <cstring>
+#include <string>
 
 #include "BridgeFrame.h"
 #include "JniKits.h"
@@ -19,12 +20,14 @@ struct Bytes {
     jsize n;
 };
 
+// A null text or buffer, or a negative length, from the library becomes an empty array: the
+// library broke its side, and the event still reaches Java rather than ending the process.
 Bytes Text(const char* sz) {
-    return {sz, static_cast<jsize>(std::strlen(sz))};
+    return {sz, sz != nullptr ? static_cast<jsize>(std::strlen(sz)) : 0};
 }
 
 Bytes Buffer(const char* p, jsize n) {
-    return {p, n};
+    return {p, p != nullptr && n > 0 ? n : 0};
 }
 
 // Copies n bytes into a fresh Java array through its elements buffer. The release with mode 0
@@ -44,15 +47,23 @@ void CopyIntoArray(JNIEnv* env, jbyteArray array, const Bytes& from, bool region
 // One event's stay in Java. Construction attaches this library thread (no name, no group) and
 // resolves the listener's class and "invoke"; destruction deletes the tracked local references
 // in the order they were made, then the class, and detaches unconditionally. Nothing is cached
-// between events and no failure is checked: the trampoline returns 0 whatever happens.
+// between events; the trampoline returns 0 whatever happens.
 class Event {
   public:
-    Event(void* pUserParam, const char* signature)
+    Event(void* pUserParam, const ListenerKind& kind)
         : vm_(g_jvm.load(std::memory_order_relaxed)), listener_(static_cast<jobject>(pUserParam)) {
         vm_->AttachCurrentThread(reinterpret_cast<void**>(&env_), nullptr);
         cls_ = env_->GetObjectClass(listener_);
-        invoke_ = env_->GetMethodID(cls_, "invoke", signature);
+        invoke_ = env_->GetMethodID(cls_, "invoke", kind.signature);
+        if (invoke_ == nullptr) {
+            // A listener without the kind's invoke (installed behind the setters' check) has
+            // nothing to receive the event: it ends here, cleanly.
+            env_->ExceptionClear();
+        }
     }
+
+    // False when the listener cannot take this kind of event; the trampoline returns at once.
+    bool ready() const { return invoke_ != nullptr; }
 
     ~Event() {
         for (std::size_t k = 0; k < nLocals_; ++k) {
@@ -117,9 +128,13 @@ class Event {
         return array;
     }
 
+    // An exception the listener throws stays pending until the detach, where the virtual
+    // machine hands it to the thread's uncaught-exception handler. Checking it here marks it as
+    // seen, so the deletions that follow are legal JNI.
     template <typename... Args>
     void Call(Args... args) {
         env_->CallVoidMethod(listener_, invoke_, args...);
+        env_->ExceptionCheck();
     }
 
   private:
@@ -149,9 +164,11 @@ jlong Bits64(uint64_t v) {
 // elements buffer) and stored in the field of the same name.
 void SetMessageField(JNIEnv* env, jobject joDataChangeInfo, const char* fieldName,
                      const char* szMsg) {
-    jbyteArray jbMsg = env->NewByteArray(static_cast<jsize>(std::strlen(szMsg)));
-    env->SetByteArrayRegion(jbMsg, 0, static_cast<jsize>(std::strlen(szMsg)),
-                            reinterpret_cast<const jbyte*>(szMsg));
+    const Bytes msg = Text(szMsg);
+    jbyteArray jbMsg = env->NewByteArray(msg.n);
+    if (msg.n > 0) {
+        env->SetByteArrayRegion(jbMsg, 0, msg.n, reinterpret_cast<const jbyte*>(msg.p));
+    }
     jfieldID field = env->GetFieldID(g_clsDataChangeInfo, fieldName, "[B");
     env->SetObjectField(joDataChangeInfo, field, jbMsg);
     env->DeleteLocalRef(jbMsg);
@@ -163,7 +180,10 @@ int32_t CSDKCB::fORVEXStatusCallback(int32_t nPDLLHandle, int32_t nStatus, void*
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(II)V");
+    Event event(pUserParam, listener_kinds::kStatus);
+    if (!event.ready()) {
+        return 0;
+    }
     event.Call(nPDLLHandle, nStatus);
     return 0;
 }
@@ -174,7 +194,10 @@ int32_t CSDKCB::fMediaDataCallback(int32_t nPDLLHandle, int32_t nSeq, int32_t nM
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(III[BI[BI)V");
+    Event event(pUserParam, listener_kinds::kMediaData);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szNodeId), Buffer(szData, nDataLen));
     event.Call(nPDLLHandle, nSeq, nMediaType, a[0], nParamVal, a[1], nDataLen);
     return 0;
@@ -186,7 +209,10 @@ int32_t CSDKCB::fORVEXDeviceChangeCallback(int32_t nPDLLHandle, uint32_t nChange
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(II[B[B[B)V");
+    Event event(pUserParam, listener_kinds::kDeviceChange);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szDeviceId), Text(szDepCode), Text(szNewOrgCode));
     event.Call(nPDLLHandle, Bits(nChangeType), a[0], a[1], a[2]);
     return 0;
@@ -197,7 +223,10 @@ int32_t CSDKCB::fORVEXDevStatusCallback(int32_t nPDLLHandle, const char* szDevic
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[BI)V");
+    Event event(pUserParam, listener_kinds::kDevStatus);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szDeviceId));
     event.Call(nPDLLHandle, a[0], nStatus);
     return 0;
@@ -213,7 +242,10 @@ int32_t CSDKCB::fORVEXAlarmCallback(int32_t nPDLLHandle, const char* szAlarmId,
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[BI[B[B[B[B[BIIIJ[BI[BI)V");
+    Event event(pUserParam, listener_kinds::kAlarm);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a =
         event.ByteArrays(Text(szAlarmId), Text(szCameraId), Text(szDeviceName), Text(szChannelName),
                          Text(szCoding), Text(szMessage), Buffer(pAlarmData, Bits(nAlarmDataLen)),
@@ -230,7 +262,10 @@ int32_t CSDKCB::fORVEXTalkParamCallback(int32_t nPDLLHandle, int nTalkType, int 
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(IIIIII)V");
+    Event event(pUserParam, listener_kinds::kTalkParam);
+    if (!event.ready()) {
+        return 0;
+    }
     event.Call(nPDLLHandle, nTalkType, nAudioType, nAudioBit, nSampleRate, nTransMode);
     return 0;
 }
@@ -240,7 +275,10 @@ int32_t CSDKCB::fORVEXRemoteDeviceSnapCallback(int32_t nPDLLHandle, const char* 
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[B[B)V");
+    Event event(pUserParam, listener_kinds::kRemoteDeviceSnap);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szCameraId), Text(szFullPath));
     event.Call(nPDLLHandle, a[0], a[1]);
     return 0;
@@ -252,7 +290,10 @@ int32_t CSDKCB::fORVEXVideoAlarmHostStatusCallback(int32_t nPDLLHandle, char* sz
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[BII)V");
+    Event event(pUserParam, listener_kinds::kVideoAlarmHostStatus);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szDeviceId));
     event.Call(nPDLLHandle, a[0], nChannelNO, nStatus);
     return 0;
@@ -264,7 +305,10 @@ int32_t CSDKCB::fORVEXNetAlarmHostStatusCallback(int32_t nPDLLHandle, char* szDe
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[BIII)V");
+    Event event(pUserParam, listener_kinds::kNetAlarmHostStatus);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szDeviceId));
     event.Call(nPDLLHandle, a[0], nRType, nOperType, nStatus);
     return 0;
@@ -276,7 +320,10 @@ int32_t CSDKCB::fORVEXBroadcastReportStatusCallback(int32_t nPDLLHandle, char* s
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[BIJI)V");
+    Event event(pUserParam, listener_kinds::kBroadcastReportStatus);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szCameraId));
     event.Call(nPDLLHandle, a[0], nRType, static_cast<jlong>(nTime), nStatus);
     return 0;
@@ -287,7 +334,10 @@ int32_t CSDKCB::fORVEXGeneralJsonTransportCallback(int32_t nPDLLHandle, const ch
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[B)V");
+    Event event(pUserParam, listener_kinds::kGeneralJsonTransport);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szJson));
     event.Call(nPDLLHandle, a[0]);
     return 0;
@@ -298,7 +348,10 @@ int32_t CSDKCB::fORVEXNVRChnlStatusCallback(int32_t nPDLLHandle, const char* szC
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[BI)V");
+    Event event(pUserParam, listener_kinds::kNVRChnlStatus);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szChnlId));
     event.Call(nPDLLHandle, a[0], nStatus);
     return 0;
@@ -310,7 +363,10 @@ int32_t CSDKCB::fORVEXPecDoorStarusCallBack(int32_t nPDLLHandle, const char* szC
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[BII)V");
+    Event event(pUserParam, listener_kinds::kPecDoorStatus);
+    if (!event.ready()) {
+        return 0;
+    }
     const auto a = event.ByteArrays(Text(szCamearId));
     // The listener's signature has an int here: only the low 32 bits of the time arrive.
     const jint nTimeLow = Bits(static_cast<uint32_t>(static_cast<uint64_t>(nTime)));
@@ -324,9 +380,15 @@ int32_t CSDKCB::fORVEXShareVideoCallback(int32_t nPDLLHandle, ShareVideoInfo* pV
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(I[Lcom/zq/OrvexCore/ShareVideoInfo;[BI[B)V");
+    Event event(pUserParam, listener_kinds::kShareVideo);
+    if (!event.ready()) {
+        return 0;
+    }
     JNIEnv* env = event.env();
     // Application classes cannot be found by name on a library thread: use the load-time class.
+    if (pVideoInfo == nullptr || nVideoCount < 0) {
+        nVideoCount = 0;  // the library broke its side: no records rather than a crash
+    }
     jobjectArray jaVideoInfos =
         event.Track(env->NewObjectArray(nVideoCount, g_clsShareVideoInfo, nullptr));
     jmethodID jmInit = env->GetMethodID(g_clsShareVideoInfo, "<init>", "()V");
@@ -372,8 +434,10 @@ int32_t CSDKCB::fORVEXGetBayCarInfoCallbackEx(
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam,
-                "(I[BII[BI[BI[BI[BIIIIIIIIIJJII[BI[BI[BI[BI[BI[BI[BI[BI[BI[BI[BIIIIII)V");
+    Event event(pUserParam, listener_kinds::kBayCarInfoEx);
+    if (!event.ready()) {
+        return 0;
+    }
     // The library gives every length; a terminating NUL arrives only if the length counts it.
     const auto a = event.ByteArrays(
         Buffer(szDeviceId, nDeviceIdLen), Buffer(szChannelId, nChannelIdLen),
@@ -402,9 +466,17 @@ int32_t CSDKCB::fORVEXDataChangeCallback(int32_t nPDLLHandle, DataChange_t* pDat
     if (pUserParam == nullptr) {
         return 0;
     }
-    Event event(pUserParam, "(ILcom/zq/OrvexCore/UserDataChange_t;)V");
+    Event event(pUserParam, listener_kinds::kDataChange);
+    if (!event.ready()) {
+        return 0;
+    }
     event.LeaveClassToDetach();
     JNIEnv* env = event.env();
+    // A null record from the library arrives as an empty one rather than ending the process.
+    static const DataChange_t kEmptyRecord{};
+    if (pDataChangeInfo == nullptr) {
+        pDataChangeInfo = const_cast<DataChange_t*>(&kEmptyRecord);
+    }
     jmethodID jmInit = env->GetMethodID(g_clsDataChangeInfo, "<init>", "()V");
     jobject joDataChangeInfo = event.Track(env->NewObject(g_clsDataChangeInfo, jmInit));
     CJniKits::SetStuLongField(env, joDataChangeInfo, g_clsDataChangeInfo, "nParam1",
@@ -415,4 +487,18 @@ int32_t CSDKCB::fORVEXDataChangeCallback(int32_t nPDLLHandle, DataChange_t* pDat
     SetMessageField(env, joDataChangeInfo, "szMsg2", pDataChangeInfo->szMsg2);
     event.Call(nPDLLHandle, joDataChangeInfo);
     return 0;
+}
+
+bool ListenerFits(JNIEnv* env, jobject listener, const ListenerKind& kind) {
+    jclass cls = env->GetObjectClass(listener);
+    const jmethodID invoke = env->GetMethodID(cls, "invoke", kind.signature);
+    env->DeleteLocalRef(cls);
+    if (invoke != nullptr) {
+        return true;
+    }
+    env->ExceptionClear();  // NoSuchMethodError, replaced by a message that says what to write
+    const std::string message = std::string("a ") + kind.name +
+                                " listener needs an instance method void invoke" + kind.signature;
+    CJniKits::ThrowIllegalArgument(env, message.c_str());
+    return false;
 }

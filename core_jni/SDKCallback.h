@@ -9,9 +9,48 @@
 // data drops the event; null strings are not tolerated (they go to strlen or memcpy).
 #pragma once
 
+#include <jni.h>
+
 #include <cstdint>
 
 #include "ORVEX_Core.h"
+
+// A callback kind as Java sees it: the listener interface and the JNI signature of its "invoke".
+struct ListenerKind {
+    const char* name;
+    const char* signature;
+};
+
+namespace listener_kinds {
+inline constexpr ListenerKind kStatus{"ORVEXStatusCallback", "(II)V"};
+inline constexpr ListenerKind kMediaData{"MediaDataCallback", "(III[BI[BI)V"};
+inline constexpr ListenerKind kDeviceChange{"ORVEXDeviceChangeCallback", "(II[B[B[B)V"};
+inline constexpr ListenerKind kDevStatus{"ORVEXDevStatusCallback", "(I[BI)V"};
+inline constexpr ListenerKind kAlarm{"ORVEXAlarmCallback", "(I[BI[B[B[B[B[BIIIJ[BI[BI)V"};
+inline constexpr ListenerKind kTalkParam{"ORVEXTalkParamCallback", "(IIIIII)V"};
+inline constexpr ListenerKind kRemoteDeviceSnap{"ORVEXRemoteDeviceSnapCallback", "(I[B[B)V"};
+inline constexpr ListenerKind kVideoAlarmHostStatus{"ORVEXVideoAlarmHostStatusCallback",
+                                                    "(I[BII)V"};
+inline constexpr ListenerKind kNetAlarmHostStatus{"ORVEXNetAlarmHostStatusCallback", "(I[BIII)V"};
+inline constexpr ListenerKind kBroadcastReportStatus{"ORVEXBroadcastReportStatusCallback",
+                                                     "(I[BIJI)V"};
+inline constexpr ListenerKind kGeneralJsonTransport{"ORVEXGeneralJsonTransportCallback", "(I[B)V"};
+inline constexpr ListenerKind kNVRChnlStatus{"ORVEXNVRChnlStatusCallback", "(I[BI)V"};
+inline constexpr ListenerKind kPecDoorStatus{"ORVEXPecDoorStarusCallBack", "(I[BII)V"};
+inline constexpr ListenerKind kShareVideo{"ORVEXShareVideoCallback",
+                                          "(I[Lcom/zq/OrvexCore/ShareVideoInfo;[BI[B)V"};
+inline constexpr ListenerKind kBayCarInfoEx{
+    "ORVEXGetBayCarInfoCallbackEx",
+    "(I[BII[BI[BI[BI[BIIIIIIIIIJJII[BI[BI[BI[BI[BI[BI[BI[BI[BI[BI[BIIIIII)V"};
+inline constexpr ListenerKind kDataChange{"ORVEXDataChangeCallback",
+                                          "(ILcom/zq/OrvexCore/UserDataChange_t;)V"};
+}  // namespace listener_kinds
+
+// True when the listener's class has the kind's instance method "invoke" with exactly its
+// signature. Otherwise false, with IllegalArgumentException naming the kind and the signature
+// pending: a listener that cannot take the kind's events is refused where it is handed over,
+// instead of failing on a library thread at its first event.
+bool ListenerFits(JNIEnv* env, jobject listener, const ListenerKind& kind);
 
 class CSDKCB {
   public:
