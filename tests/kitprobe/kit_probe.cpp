@@ -28,6 +28,16 @@ jbyteArray ToJava(JNIEnv* env, const unsigned char* p, size_t n) {
     return a;
 }
 
+// A test argument that would end the JVM instead of exercising the kit (a null field name, a
+// negative buffer size) is refused with IllegalArgumentException, so one wrong test argument
+// fails one test rather than the whole run.
+bool Refused(JNIEnv* env, bool bad, const char* what) {
+    if (bad) {
+        CJniKits::ThrowIllegalArgument(env, what);
+    }
+    return bad;
+}
+
 // The helpers take the class from the caller; the probe passes the object's own class.
 struct Target {
     JNIEnv* env;
@@ -39,12 +49,17 @@ struct Target {
         : env(e),
           obj(o),
           cls(o ? e->GetObjectClass(o) : e->FindClass("kitprobe/Probe")),
-          field(e->GetStringUTFChars(f, nullptr)),
-          name(f) {}
+          field(f ? e->GetStringUTFChars(f, nullptr) : nullptr),
+          name(f) {
+        Refused(e, f == nullptr, "probe: null field name");
+    }
     ~Target() {
-        env->ReleaseStringUTFChars(name, field);
+        if (field != nullptr) {
+            env->ReleaseStringUTFChars(name, field);
+        }
         env->DeleteLocalRef(cls);
     }
+    bool ok() const { return field != nullptr; }
 };
 
 }  // namespace
@@ -54,10 +69,16 @@ struct Target {
 #define PROBE_SCALAR(Name, JType, CType)                                                      \
     PROBE(void, set##Name)(JNIEnv * env, jclass, jobject o, jstring f, JType v) {             \
         Target t(env, o, f);                                                                  \
+        if (!t.ok()) {                                                                        \
+            return;                                                                           \
+        }                                                                                     \
         CJniKits::SetStu##Name##Field(env, t.obj, t.cls, t.field, static_cast<CType>(v));     \
     }                                                                                         \
     PROBE(JType, get##Name)(JNIEnv * env, jclass, jobject o, jstring f) {                     \
         Target t(env, o, f);                                                                  \
+        if (!t.ok()) {                                                                        \
+            return {};                                                                        \
+        }                                                                                     \
         return static_cast<JType>(CJniKits::GetStu##Name##Field(env, t.obj, t.cls, t.field)); \
     }
 
@@ -71,12 +92,18 @@ PROBE_SCALAR(Float, jfloat, float)
 
 PROBE(void, setChar)(JNIEnv* env, jclass, jobject o, jstring f, jchar v) {
     Target t(env, o, f);
+    if (!t.ok()) {
+        return;
+    }
     CJniKits::SetStuCharField(env, t.obj, t.cls, t.field, v);
 }
 
 // The five-argument reader into a zero-filled char[16] member.
 PROBE(jbyteArray, readText16)(JNIEnv* env, jclass, jobject o, jstring f) {
     Target t(env, o, f);
+    if (!t.ok()) {
+        return {};
+    }
     char member[16];
     std::memset(member, 0, sizeof(member));
     CJniKits::GetStuByteArrayField(env, t.obj, t.cls, t.field, member);
@@ -86,6 +113,12 @@ PROBE(jbyteArray, readText16)(JNIEnv* env, jclass, jobject o, jstring f) {
 // The six-argument reader of n bytes into a zero-filled buffer of bufSize bytes.
 PROBE(jbyteArray, readBytes)(JNIEnv* env, jclass, jobject o, jstring f, jint n, jint bufSize) {
     Target t(env, o, f);
+    if (!t.ok()) {
+        return {};
+    }
+    if (Refused(env, bufSize < 0, "probe: negative buffer size")) {
+        return nullptr;
+    }
     std::vector<unsigned char> buf(static_cast<size_t>(bufSize), 0);
     CJniKits::GetStuByteArrayField(env, t.obj, t.cls, t.field, buf.data(), n);
     return ToJava(env, buf.data(), buf.size());
@@ -93,12 +126,21 @@ PROBE(jbyteArray, readBytes)(JNIEnv* env, jclass, jobject o, jstring f, jint n, 
 
 PROBE(void, writeBytes)(JNIEnv* env, jclass, jobject o, jstring f, jbyteArray c, jint n) {
     Target t(env, o, f);
+    if (!t.ok()) {
+        return;
+    }
     const std::vector<unsigned char> bytes = Bytes(env, c);
     CJniKits::SetStuByteArrayField(env, t.obj, t.cls, t.field, bytes.data(), n);
 }
 
 PROBE(void, writeInts)(JNIEnv* env, jclass, jobject o, jstring f, jintArray c, jint n) {
     Target t(env, o, f);
+    if (!t.ok()) {
+        return;
+    }
+    if (Refused(env, c == nullptr, "probe: null int array")) {
+        return;
+    }
     std::vector<int> ints(static_cast<size_t>(env->GetArrayLength(c)));
     env->GetIntArrayRegion(c, 0, static_cast<jsize>(ints.size()), ints.data());
     CJniKits::SetStuIntArrayField(env, t.obj, t.cls, t.field, ints.data(), n);
@@ -106,6 +148,12 @@ PROBE(void, writeInts)(JNIEnv* env, jclass, jobject o, jstring f, jintArray c, j
 
 PROBE(jintArray, readInts)(JNIEnv* env, jclass, jobject o, jstring f, jint n, jint bufSize) {
     Target t(env, o, f);
+    if (!t.ok()) {
+        return {};
+    }
+    if (Refused(env, bufSize < 0, "probe: negative buffer size")) {
+        return nullptr;
+    }
     std::vector<int> buf(static_cast<size_t>(bufSize), 0);
     CJniKits::GetStuIntArrayField(env, t.obj, t.cls, t.field, buf.data(), n);
     CJniKits::ExceptionStash stash(env);
@@ -116,6 +164,9 @@ PROBE(jintArray, readInts)(JNIEnv* env, jclass, jobject o, jstring f, jint n, ji
 
 PROBE(void, writeChars)(JNIEnv* env, jclass, jobject o, jstring f, jbyteArray c, jint n) {
     Target t(env, o, f);
+    if (!t.ok()) {
+        return;
+    }
     const std::vector<unsigned char> bytes = Bytes(env, c);
     CJniKits::SetStuCharArrayField(env, t.obj, t.cls, t.field,
                                    reinterpret_cast<const char*>(bytes.data()), n);
@@ -123,6 +174,12 @@ PROBE(void, writeChars)(JNIEnv* env, jclass, jobject o, jstring f, jbyteArray c,
 
 PROBE(jbyteArray, readChars)(JNIEnv* env, jclass, jobject o, jstring f, jint n, jint bufSize) {
     Target t(env, o, f);
+    if (!t.ok()) {
+        return {};
+    }
+    if (Refused(env, bufSize < 0, "probe: negative buffer size")) {
+        return nullptr;
+    }
     std::vector<char> buf(static_cast<size_t>(bufSize), 0);
     CJniKits::GetStuCharArrayField(env, t.obj, t.cls, t.field, buf.data(), n);
     return ToJava(env, reinterpret_cast<unsigned char*>(buf.data()), buf.size());
@@ -134,6 +191,9 @@ PROBE(void, setJByteArray)(JNIEnv* env, jclass, jbyteArray j, jbyteArray c, jint
 }
 
 PROBE(jbyteArray, getJByteArray)(JNIEnv* env, jclass, jbyteArray j, jint n, jint bufSize) {
+    if (Refused(env, bufSize < 0, "probe: negative buffer size")) {
+        return nullptr;
+    }
     std::vector<unsigned char> buf(static_cast<size_t>(bufSize), 0);
     CJniKits::GetJByteArray(env, j, buf.data(), n);
     return ToJava(env, buf.data(), buf.size());
@@ -145,6 +205,9 @@ PROBE(void, setJCharArray)(JNIEnv* env, jclass, jcharArray j, jbyteArray c, jint
 }
 
 PROBE(jbyteArray, getJCharArray)(JNIEnv* env, jclass, jcharArray j, jint n, jint bufSize) {
+    if (Refused(env, bufSize < 0, "probe: negative buffer size")) {
+        return nullptr;
+    }
     std::vector<char> buf(static_cast<size_t>(bufSize), 0);
     CJniKits::GetJCharArray(env, j, buf.data(), n);
     return ToJava(env, reinterpret_cast<unsigned char*>(buf.data()), buf.size());
@@ -179,6 +242,10 @@ namespace {
 
 // Calls one of the bridge's load entry points directly, as the virtual machine does.
 void* BridgeEntry(JNIEnv* env, jstring path, const char* name, void** handle) {
+    *handle = nullptr;
+    if (Refused(env, path == nullptr, "probe: null bridge path")) {
+        return nullptr;
+    }
     const char* p = env->GetStringUTFChars(path, nullptr);
     *handle = dlopen(p, RTLD_NOW | RTLD_NOLOAD);
     env->ReleaseStringUTFChars(path, p);

@@ -200,4 +200,20 @@ class KitHelpersTest {
         assertThrows(NullPointerException.class, () -> KitProbe.setIntBox(null, 1));
         assertEquals(true, b);
     }
+
+    /** A wrong test argument fails its own test instead of ending the checked JVM. */
+    @Test
+    void probeRefusesArgumentsThatWouldEndTheJvm() {
+        Probe p = new Probe();
+        java.util.List<org.junit.jupiter.api.function.Executable> calls = java.util.List.of(
+                () -> KitProbe.getInt(p, null),
+                () -> KitProbe.readBytes(p, "text", 1, -1),
+                () -> KitProbe.readInts(p, "ints", 1, -1),
+                () -> KitProbe.readChars(p, "chars", 1, -1),
+                () -> KitProbe.getJByteArray(new byte[1], 1, -1),
+                () -> KitProbe.writeInts(p, "ints", null, 1));
+        for (org.junit.jupiter.api.function.Executable call : calls) {
+            assertThrows(IllegalArgumentException.class, call);
+        }
+    }
 }
