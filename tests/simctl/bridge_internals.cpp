@@ -110,6 +110,13 @@ JNIEXPORT jlong JNICALL Java_simctl_BridgeInternals_readPointer(JNIEnv*, jclass,
     return static_cast<jlong>(reinterpret_cast<uintptr_t>(value));
 }
 
+JNIEXPORT jint JNICALL Java_simctl_BridgeInternals_readInt(JNIEnv*, jclass, jlong address) {
+    int32_t value = 0;
+    std::memcpy(&value, reinterpret_cast<const void*>(static_cast<uintptr_t>(address)),
+                sizeof(value));
+    return value;
+}
+
 JNIEXPORT void JNICALL Java_simctl_BridgeInternals_writePointer(JNIEnv*, jclass, jlong address,
                                                                 jlong value) {
     void* p = reinterpret_cast<void*>(static_cast<uintptr_t>(value));

@@ -29,6 +29,9 @@ public final class BridgeInternals {
 
     public static native void writePointer(long address, long value);
 
+    /** A 32-bit global of the bridge, such as {@code g_nLastError}. */
+    public static native int readInt(long address);
+
     private static String bridge() {
         return System.getProperty(IOrvexCore.LIBRARY_PROPERTY);
     }
