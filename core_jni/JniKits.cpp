@@ -360,6 +360,14 @@ void CJniKits::SetBoolObjectValue(JNIEnv* env, jobject obj, int bValue) {
 void CJniKits::CreateDeviceInfoObject(JNIEnv* env, jobject objDeviceInfo,
                                       const Device_Info_Ex_t& devInfo) {
     jclass cls = env->FindClass("com/zq/OrvexCore/Device_Info_Ex_t");
+    WriteDeviceInfo(env, objDeviceInfo, cls, devInfo, CallNum::Written);
+    if (cls != nullptr) {
+        env->DeleteLocalRef(cls);
+    }
+}
+
+void CJniKits::WriteDeviceInfo(JNIEnv* env, jobject objDeviceInfo, jclass cls,
+                               const Device_Info_Ex_t& devInfo, CallNum callNum) {
     // Text members go across at their full size, terminator and trailing bytes included.
     auto text = [&](const char* field, const auto& member) {
         SetStuByteArrayField(env, objDeviceInfo, cls, field, member, sizeof(member));
@@ -392,9 +400,8 @@ void CJniKits::CreateDeviceInfoObject(JNIEnv* env, jobject objDeviceInfo,
     text("desc", devInfo.desc);
     integer("nEncChannelChildCount", devInfo.nEncChannelChildCount);
     integer("iAlarmInChannelcount", devInfo.iAlarmInChannelcount);
-    text("szCallNum", devInfo.szCallNum);
-    // nSort stays as the Java object holds it.
-    if (cls != nullptr) {
-        env->DeleteLocalRef(cls);
+    if (callNum == CallNum::Written) {
+        text("szCallNum", devInfo.szCallNum);
     }
+    // nSort stays as the Java object holds it.
 }

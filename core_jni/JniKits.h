@@ -98,6 +98,13 @@ class CJniKits {
     // Copies one device record into an existing Java Device_Info_Ex_t (nothing is created).
     static void CreateDeviceInfoObject(JNIEnv* env, jobject objDeviceInfo,
                                        const Device_Info_Ex_t& devInfo);
+    // Whether a device record's szCallNum crosses into Java: the group enumeration has never
+    // written it, and Java code may rely on its keeping the caller's bytes there.
+    enum class CallNum { Written, Skipped };
+    // The device record writer behind CreateDeviceInfoObject, for a class the caller found
+    // (the group enumeration finds it once for all its elements).
+    static void WriteDeviceInfo(JNIEnv* env, jobject objDeviceInfo, jclass clsDevice,
+                                const Device_Info_Ex_t& devInfo, CallNum callNum);
 
     // Each leaves its exception pending unless an exception already is, so the first fault
     // is the one Java sees.

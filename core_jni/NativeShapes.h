@@ -195,3 +195,46 @@ inline void ReturnValueOnSuccess(JNIEnv* env, jobject holder, int nResult, int n
         SetReturnValue(env, holder, nValue);
     }
 }
+
+// The body of a method whose Part has always checked its text argument itself: a null array is
+// refused with 1009 alone, no exception, as its callers expect; otherwise as WithText.
+template <typename Call>
+jint WithCheckedText(JNIEnv* env, jbyteArray array, EmptyText empty, Call call,
+                     TextCopy copy = TextCopy::Freed, PinnedBytes pinned = PinnedBytes::Released) {
+    if (array == nullptr) {
+        return RefuseInput();
+    }
+    return WithText(env, array, "text", empty, call, copy, pinned);
+}
+
+// The body of a method that returns one integer through a Return_Value_Info_t holder:
+// `call(&value)` with value starting at `initial`, the result stored, and the holder written
+// only on success. A null holder is refused before the library is called, since the value
+// would have nowhere to go.
+template <typename T, typename Call>
+jint ReturnThroughHolder(JNIEnv* env, jobject holder, T initial, Call call) {
+    if (IsNullArg(env, holder, "result holder")) {
+        return RefuseInput();
+    }
+    T value = initial;
+    const int nResult = call(&value);
+    StoreResult(nResult);
+    ReturnValueOnSuccess(env, holder, nResult, static_cast<int>(value));
+    return LastResult();
+}
+
+// The length of the text in a C char member, for methods that write texts back at their
+// strlen: never past the member, even when the library left it unterminated.
+template <std::size_t N>
+int TextLength(const char (&member)[N]) {
+    const void* terminator = std::memchr(member, '\0', N);
+    return static_cast<int>(terminator ? static_cast<const char*>(terminator) - member : N);
+}
+
+#include <cstdint>
+
+// Room for `length` bytes and a terminator, as a count for NewRecords<char>: -1 (refused there
+// with OutOfMemoryError) when the length is negative or the room could not be counted.
+inline jint WithTerminator(jint length) {
+    return length >= 0 && length < INT32_MAX ? length + 1 : -1;
+}
