@@ -111,7 +111,9 @@ int32_t CallRecord::finish(const std::function<int32_t()>& platform) {
                      " (" + std::to_string(t->n) + " bytes)");
             continue;
         }
-        std::memcpy(static_cast<uint8_t*>(t->p) + w.offset, w.bytes.data(), w.bytes.size());
+        if (!w.bytes.empty()) {
+            std::memcpy(static_cast<uint8_t*>(t->p) + w.offset, w.bytes.data(), w.bytes.size());
+        }
     }
     return reply.result;
 }
