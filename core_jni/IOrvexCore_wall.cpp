@@ -70,6 +70,24 @@ struct WallLayoutFetch {
     }
 };
 
+// A wall or screen count, written into the holder whatever the result: 0 unless the library
+// wrote one before failing.
+template <typename Call>
+jint WallCount(JNIEnv* env, jobject joCount, Call call) {
+    return StoreResult(
+        ValueIntoHolder<uint32_t>(env, joCount, "joCount", call, HolderWrite::Always));
+}
+
+// A wall or screen fetch: a null request or a zero count is 1009, and the elements are written
+// also after a failed call, from the zeroed records.
+template <typename Fetch, typename Call>
+jint WallFetch(JNIEnv* env, jobject joRequest, Call call) {
+    if (joRequest == nullptr) {
+        return RefuseInput();
+    }
+    return FetchRecords<Fetch>(env, joRequest, ZeroCount::Invalid, WriteBack::Always, call);
+}
+
 // A screen command sends one request structure; these methods test the request for null
 // themselves and answer 1009 without an exception. Every request structure is zeroed whole:
 // for the padding-free close and split requests that is the same as zeroing member by member.
@@ -87,45 +105,33 @@ constexpr const char* kOpenWindowClass = "com/zq/OrvexCore/TvWall/TvWall_Screen_
 
 extern "C" {
 
-// The count is written whatever the result: 0 unless the library wrote one before failing.
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetTvWallListCount(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject joCount, jint jiTimeout) {
-    return StoreResult(ValueIntoHolder<uint32_t>(
-        env, joCount, "joCount",
-        [&](uint32_t* pnCount) { return ORVEX_GetTvWallListCount(jiHandle, pnCount, jiTimeout); },
-        HolderWrite::Always));
+    return WallCount(env, joCount, [&](uint32_t* pnCount) {
+        return ORVEX_GetTvWallListCount(jiHandle, pnCount, jiTimeout);
+    });
 }
 
-// Elements are written also after a failed call, from the zeroed records.
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetTvWallList(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject joTvWallListInfo) {
-    if (joTvWallListInfo == nullptr) {
-        return RefuseInput();
-    }
-    return FetchRecords<WallListFetch>(
-        env, joTvWallListInfo, ZeroCount::Invalid, WriteBack::Always,
-        [&](TvWall_List_Info_t* pInfo) { return ORVEX_GetTvWallList(jiHandle, pInfo); });
+    return WallFetch<WallListFetch>(env, joTvWallListInfo, [&](TvWall_List_Info_t* pInfo) {
+        return ORVEX_GetTvWallList(jiHandle, pInfo);
+    });
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetTvWallLayoutCount(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jint jiTvWallId, jobject joCount, jint jiTimeout) {
-    return StoreResult(ValueIntoHolder<uint32_t>(
-        env, joCount, "joCount",
-        [&](uint32_t* pnCount) {
-            return ORVEX_GetTvWallLayoutCount(jiHandle, static_cast<uint32_t>(jiTvWallId), pnCount,
-                                              jiTimeout);
-        },
-        HolderWrite::Always));
+    return WallCount(env, joCount, [&](uint32_t* pnCount) {
+        return ORVEX_GetTvWallLayoutCount(jiHandle, static_cast<uint32_t>(jiTvWallId), pnCount,
+                                          jiTimeout);
+    });
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetTvWallLayout(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject joTvWallLayoutInfo) {
-    if (joTvWallLayoutInfo == nullptr) {
-        return RefuseInput();
-    }
-    return FetchRecords<WallLayoutFetch>(
-        env, joTvWallLayoutInfo, ZeroCount::Invalid, WriteBack::Always,
-        [&](TvWall_Layout_Info_t* pInfo) { return ORVEX_GetTvWallLayout(jiHandle, pInfo); });
+    return WallFetch<WallLayoutFetch>(env, joTvWallLayoutInfo, [&](TvWall_Layout_Info_t* pInfo) {
+        return ORVEX_GetTvWallLayout(jiHandle, pInfo);
+    });
 }
 
 // szCameraId is copied whole into its 64-byte member; a longer Java array is refused.

@@ -2,7 +2,6 @@ package bridgetest;
 
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
-import static org.junit.jupiter.api.Assertions.assertNotSame;
 import static org.junit.jupiter.api.Assertions.assertSame;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
@@ -365,44 +364,6 @@ class StatusHostsNativesTest {
         assertEquals(defend, z.bDefend);
     }
 
-    @Test
-    void zoneQueryReplacesTheElementsWithNewObjects() {
-        orvex_AHostDefenceStatus_t[] a = zones(2);
-        orvex_AHostDefenceStatus_t old0 = a[0];
-        SimControl.script("ORVEX_QueryNetAlarmHostStatus", 0,
-                Write.bytes("pInfo", 0, zone("z1", 1, 2, 1, 0)),
-                Write.bytes("pInfo", 76, zone("z2", 3, 4, 0, 1)));
-
-        assertEquals(0, IOrvexCore.ORVEX_QueryNetAlarmHostStatus(H, DEV, 2, a, 800));
-
-        assertNotSame(old0, a[0]);
-        assertZone(a[0], "z1", 1, 2, true, false);
-        assertZone(a[1], "z2", 3, 4, false, true);
-        assertEquals(0, a[0].szNodeID[2], "a new object's array is all zeros beyond the name");
-        RecordedCall call = SimControl.last("ORVEX_QueryNetAlarmHostStatus");
-        assertArrayEquals(CRecord.ascii("dev-01\0"), call.arg("szDeviceId").bytes);
-        assertEquals(2, call.arg("nChannelCount").value);
-        assertArrayEquals(new byte[152], call.arg("pInfo").bytes);
-        assertEquals(800, call.arg("nTimeout").value);
-    }
-
-    @Test
-    void zoneReadFillsTheExistingElements() {
-        orvex_AHostDefenceStatus_t[] a = zones(2);
-        orvex_AHostDefenceStatus_t old1 = a[1];
-        SimControl.script("ORVEX_GetNetAlarmHostStatus", 0,
-                Write.bytes("pInfo", 0, zone("z1", 1, 2, 1, 1)),
-                Write.bytes("pInfo", 76, zone("z2", 3, 4, 0, 0)));
-
-        assertEquals(0, IOrvexCore.ORVEX_GetNetAlarmHostStatus(H, 2, a));
-
-        assertSame(old1, a[1]);
-        assertZone(a[0], "z1", 1, 2, true, true);
-        assertZone(a[1], "z2", 3, 4, false, false);
-        assertEquals(0x55, a[0].szNodeID[2], "only the name's own bytes are written");
-        assertEquals(2, SimControl.last("ORVEX_GetNetAlarmHostStatus").arg("nChannelCount").value);
-    }
-
     interface ZoneMethod {
         int call(int count, orvex_AHostDefenceStatus_t[] a);
     }
@@ -413,6 +374,33 @@ class StatusHostsNativesTest {
                         (ZoneMethod) (n, a) -> IOrvexCore.ORVEX_QueryNetAlarmHostStatus(H, DEV, n, a, 1)),
                 Arguments.of("ORVEX_GetNetAlarmHostStatus",
                         (ZoneMethod) (n, a) -> IOrvexCore.ORVEX_GetNetAlarmHostStatus(H, n, a)));
+    }
+
+    /** The query replaces the elements with new objects; the read fills the ones in place. */
+    @ParameterizedTest(name = "{0}")
+    @MethodSource("zoneMethods")
+    void zoneStatesArriveWithEveryField(String fn, ZoneMethod m) {
+        orvex_AHostDefenceStatus_t[] a = zones(2);
+        orvex_AHostDefenceStatus_t[] before = a.clone();
+        SimControl.script(fn, 0, Write.bytes("pInfo", 0, zone("z1", 1, 2, 1, 0)),
+                Write.bytes("pInfo", 76, zone("z2", 3, 4, 0, 1)));
+
+        assertEquals(0, m.call(2, a));
+
+        boolean replaces = fn.equals("ORVEX_QueryNetAlarmHostStatus");
+        for (int i = 0; i < 2; i++) {
+            assertEquals(replaces, before[i] != a[i], "element " + i + " replaced");
+        }
+        assertZone(a[0], "z1", 1, 2, true, false);
+        assertZone(a[1], "z2", 3, 4, false, true);
+        assertEquals(replaces ? 0 : 0x55, a[0].szNodeID[2], "only the name's own bytes are written");
+        RecordedCall call = SimControl.last(fn);
+        assertEquals(2, call.arg("nChannelCount").value);
+        assertArrayEquals(new byte[152], call.arg("pInfo").bytes);
+        if (replaces) {
+            assertArrayEquals(CRecord.ascii("dev-01\0"), call.arg("szDeviceId").bytes);
+            assertEquals(1, call.arg("nTimeout").value);
+        }
     }
 
     @ParameterizedTest(name = "{0}")
