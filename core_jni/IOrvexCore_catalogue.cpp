@@ -68,9 +68,8 @@ int FillOnSuccess(JNIEnv* env, jobject jo, const char* classPath, Call call, Wri
     return nResult;
 }
 
-// What a channel list does when asked for no channels: the short list has always returned the
-// previous result untouched, the extended one 1009. The library is not called either way.
-enum class ZeroCount { KeepLastResult, Invalid };
+// A channel list asked for no channels (ZeroCount, shared with the other record fetches): the
+// short list has always returned the previous result untouched, the extended one 1009.
 
 // How much of each extended C record is cleared before the library fills it. The extended list
 // has always cleared only the short record's size per record (count x 328 bytes of the

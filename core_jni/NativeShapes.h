@@ -9,6 +9,7 @@
 
 #include <jni.h>
 
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -207,22 +208,6 @@ jint WithCheckedText(JNIEnv* env, jbyteArray array, EmptyText empty, Call call,
     return WithText(env, array, "text", empty, call, copy, pinned);
 }
 
-// The body of a method that returns one integer through a Return_Value_Info_t holder:
-// `call(&value)` with value starting at `initial`, the result stored, and the holder written
-// only on success. A null holder is refused before the library is called, since the value
-// would have nowhere to go.
-template <typename T, typename Call>
-jint ReturnThroughHolder(JNIEnv* env, jobject holder, T initial, Call call) {
-    if (IsNullArg(env, holder, "result holder")) {
-        return RefuseInput();
-    }
-    T value = initial;
-    const int nResult = call(&value);
-    StoreResult(nResult);
-    ReturnValueOnSuccess(env, holder, nResult, static_cast<int>(value));
-    return LastResult();
-}
-
 // The length of the text in a C char member, for methods that write texts back at their
 // strlen: never past the member, even when the library left it unterminated.
 template <std::size_t N>
@@ -231,10 +216,122 @@ int TextLength(const char (&member)[N]) {
     return static_cast<int>(terminator ? static_cast<const char*>(terminator) - member : N);
 }
 
-#include <cstdint>
-
 // Room for `length` bytes and a terminator, as a count for NewRecords<char>: -1 (refused there
 // with OutOfMemoryError) when the length is negative or the room could not be counted.
 inline jint WithTerminator(jint length) {
     return length >= 0 && length < INT32_MAX ? length + 1 : -1;
+}
+
+// Writes a C text member into the byte[] a Java field already holds: its string length, no
+// terminator, so the rest of the Java array keeps its bytes. A member the library left without
+// a terminator counts up to its end, never past it.
+template <std::size_t N>
+void SetTextField(JNIEnv* env, jobject obj, jclass cls, const char* fieldName,
+                  const char (&text)[N]) {
+    CJniKits::SetStuByteArrayField(env, obj, cls, fieldName, text, TextLength(text));
+}
+
+// When a method writes the integer it returns into its Return_Value_Info_t holder.
+enum class HolderWrite {
+    OnSuccess,  // only when the library's result is 0 (the usual)
+    Always,     // whatever the result, as the library left the value
+};
+
+// Calls `call(&value)` with the value starting at `initial` (zero unless a method starts
+// elsewhere) and writes it into the holder as `when` says. Returns the library's result, or
+// 1009 (NullPointerException pending, library not called) for a null holder; the caller stores
+// it.
+template <typename Value, typename Call>
+int ValueIntoHolder(JNIEnv* env, jobject holder, const char* name, Call call,
+                    HolderWrite when = HolderWrite::OnSuccess, Value initial = Value{}) {
+    if (IsNullArg(env, holder, name)) {
+        return ORVEX_CORE_ERROR_INVALID_PARAM;
+    }
+    Value value = initial;
+    const int nResult = call(&value);
+    if (when == HolderWrite::Always || nResult == ORVEX_RET_SUCCESS) {
+        SetReturnValue(env, holder, static_cast<int>(value));
+    }
+    return nResult;
+}
+
+// The body of a method that returns one integer through its holder, written only on success,
+// with the value starting at `initial`; the result is stored and returned.
+template <typename T, typename Call>
+jint ReturnThroughHolder(JNIEnv* env, jobject holder, T initial, Call call) {
+    return StoreResult(
+        ValueIntoHolder<T>(env, holder, "result holder", call, HolderWrite::OnSuccess, initial));
+}
+
+// The Java object array an object field holds, or null (with NoSuchFieldError pending for a
+// missing field). Safe to call with an exception pending.
+inline jobjectArray ObjectArrayField(JNIEnv* env, jobject obj, jclass cls, const char* fieldName,
+                                     const char* signature) {
+    CJniKits::ExceptionStash stash(env);
+    if (obj == nullptr || cls == nullptr) {
+        return nullptr;
+    }
+    jfieldID fid = env->GetFieldID(cls, fieldName, signature);
+    return fid != nullptr ? static_cast<jobjectArray>(env->GetObjectField(obj, fid)) : nullptr;
+}
+
+// What a record fetch does when the request asks for no records.
+enum class ZeroCount {
+    Invalid,         // store and return 1009, library not called
+    KeepLastResult,  // return the previous result untouched, library not called
+};
+// Whether a record fetch fills the Java elements only after success or whatever the result
+// (then from the zeroed records wherever the library wrote nothing).
+enum class WriteBack { OnSuccess, Always };
+
+// The body of a method that fills the caller's pre-built array of value objects through a
+// request structure pointing at a C record array. `Fetch` describes the request:
+//   Info, Record                  the request structure and one C record;
+//   kClass, kElementClass         value class paths of the request and of an element;
+//   kArrayField, kArraySignature  the request's field holding the element array;
+//   Count(info), Records(info)    the structure's count and record-pointer members;
+//   Read(env, obj, cls, info)     reads the request's fields, count included, in order;
+//   Write(env, element, cls, r)   writes one record into an existing element.
+// A null request or a failed read is refused; the zeroed records (as many as the count
+// asks) go to `call(&info)`, and the elements are written up to the count as the library left
+// it, bounded by the records and by the Java array.
+template <typename Fetch, typename Call>
+jint FetchRecords(JNIEnv* env, jobject joRequest, ZeroCount zero, WriteBack write, Call call) {
+    if (IsNullArg(env, joRequest, "request object")) {
+        return RefuseInput();
+    }
+    auto info = Zeroed<typename Fetch::Info>();
+    LocalClass cls = FindValueClass(env, Fetch::kClass);
+    Fetch::Read(env, joRequest, cls.get(), info);
+    if (InputFailed(env)) {
+        return RefuseInput();
+    }
+    const long long requested = static_cast<long long>(Fetch::Count(info));
+    if (requested == 0) {
+        return zero == ZeroCount::Invalid ? RefuseInput() : LastResult();
+    }
+    // A count beyond jint (a negative Java int taken as unsigned) is no allocation at all.
+    const jint capacity = requested > 0x7FFFFFFF ? -1 : static_cast<jint>(requested);
+    auto records = NewRecords<typename Fetch::Record>(env, capacity);
+    if (!records) {
+        return RefuseInput();
+    }
+    Fetch::Records(info) = records.get();
+    const int nResult = call(&info);
+    StoreResult(nResult);
+    if (write == WriteBack::Always || nResult == ORVEX_RET_SUCCESS) {
+        const long long returned = static_cast<long long>(Fetch::Count(info));
+        const jint filled =
+            returned < 0 ? 0 : (returned > capacity ? capacity : static_cast<jint>(returned));
+        LocalClass elementClass = FindValueClass(env, Fetch::kElementClass);
+        if (elementClass.get() != nullptr) {
+            CJniKits::ScopedLocalRef<jobjectArray> array(
+                env, ObjectArrayField(env, joRequest, cls.get(), Fetch::kArrayField,
+                                      Fetch::kArraySignature));
+            ForEachElement(env, array.get(), filled, [&](jsize i, jobject element) {
+                Fetch::Write(env, element, elementClass.get(), records[i]);
+            });
+        }
+    }
+    return LastResult();
 }
