@@ -98,9 +98,7 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetRealStream(
     jobject cbMediaDataCallback, jint jiTimeout) {
     return OpenMediaStream<Get_RealStream_Info_t>(
         env, jbReturnValue, jbRealStreamInfo, kRealStreamInfo, cbMediaDataCallback,
-        [&](jclass cls, Get_RealStream_Info_t& info) {
-            ReadRealStreamInfo(env, jbRealStreamInfo, cls, info);
-        },
+        ReadRealStreamInfo,
         [&](int32_t* pnSeq, Get_RealStream_Info_t* info, pfnMediaDataCallback fn, void* user) {
             return ORVEX_GetRealStream(jiHandle, pnSeq, info, fn, user, jiTimeout);
         });
@@ -134,9 +132,7 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetRealStreamPrev
     jint jiStartChannelIndex, jobject cbMediaDataCallback, jint jiTimeout) {
     return OpenMediaStream<Get_RealStream_Info_t>(
         env, jbReturnValue, jbRealStreamInfo, kRealStreamInfo, cbMediaDataCallback,
-        [&](jclass cls, Get_RealStream_Info_t& info) {
-            ReadRealStreamInfo(env, jbRealStreamInfo, cls, info);
-        },
+        ReadRealStreamInfo,
         [&](int32_t* pnSeq, Get_RealStream_Info_t* info, pfnMediaDataCallback fn, void* user) {
             return ORVEX_GetRealStreamPreview(jiHandle, pnSeq, info, jiStartChannelIndex, fn, user,
                                               jiTimeout);
@@ -225,10 +221,7 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetRecordStreamBy
     jobject jbMediaDataCallback, jint jiTimeout) {
     return OpenMediaStream<Get_RecordStream_File_Info_t>(
         env, jbReturnValue, jbRecordInfo, "com/zq/OrvexCore/Get_RecordStream_File_Info_t",
-        jbMediaDataCallback,
-        [&](jclass cls, Get_RecordStream_File_Info_t& info) {
-            ReadRecordStreamFileInfo(env, jbRecordInfo, cls, info);
-        },
+        jbMediaDataCallback, ReadRecordStreamFileInfo,
         [&](int32_t* pnSeq, Get_RecordStream_File_Info_t* info, pfnMediaDataCallback fn,
             void* user) {
             return ORVEX_GetRecordStreamByFile(jiHandle, pnSeq, info, fn, user, jiTimeout);
@@ -240,9 +233,7 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetRecordStreamBy
     jobject jbMediaDataCallback, jint jiTimeout) {
     return OpenMediaStream<Get_RecordStream_Time_Info_t>(
         env, jbReturnValue, jbRecordInfo, kRecordStreamTimeInfo, jbMediaDataCallback,
-        [&](jclass cls, Get_RecordStream_Time_Info_t& info) {
-            ReadRecordStreamTimeInfo(env, jbRecordInfo, cls, info);
-        },
+        ReadRecordStreamTimeInfo,
         [&](int32_t* pnSeq, Get_RecordStream_Time_Info_t* info, pfnMediaDataCallback fn,
             void* user) {
             return ORVEX_GetRecordStreamByTime(jiHandle, pnSeq, info, fn, user, jiTimeout);
@@ -257,9 +248,7 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetRecordStreamBy
     constexpr int32_t kTrailingParam2 = 0;
     return OpenMediaStream<Get_RecordStream_Time_Info_t>(
         env, jbReturnValue, jbRecordInfo, kRecordStreamTimeInfo, jbMediaDataCallback,
-        [&](jclass cls, Get_RecordStream_Time_Info_t& info) {
-            ReadRecordStreamTimeInfo(env, jbRecordInfo, cls, info);
-        },
+        ReadRecordStreamTimeInfo,
         [&](int32_t* pnSeq, Get_RecordStream_Time_Info_t* info, pfnMediaDataCallback fn,
             void* user) {
             return ORVEX_GetRecordStreamByStreamType(

@@ -53,6 +53,15 @@ EntryPoints& HandedOutEntryPoints() {
     return *entryPoints;
 }
 
+void ReadTalkStreamInfo(JNIEnv* env, jobject jo, jclass cls, Get_TalkStream_Info_t& info) {
+    CJniKits::GetStuByteArrayField(env, jo, cls, "szCameraId", info.szCameraId);
+    info.nAudioType = GetEnumField<orvex_audio_type_e>(env, jo, cls, "nAudioType");
+    info.nTalkType = GetEnumField<orvex_talk_type_e>(env, jo, cls, "nTalkType");
+    info.nBitsType = GetEnumField<orvex_talk_bits_e>(env, jo, cls, "nBitsType");
+    info.nSampleType = GetEnumField<Talk_Sample_Rate_e>(env, jo, cls, "nSampleType");
+    info.nTransType = GetEnumField<orvex_trans_type_e>(env, jo, cls, "nTransType");
+}
+
 // The pData array of a Send_Audio_Data_Info_t, or null (with an exception pending when the
 // field itself is missing).
 jbyteArray PcmArray(JNIEnv* env, jobject jo, jclass cls) {
@@ -137,14 +146,7 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetTalkStream(
     talk.fillJvm = FillJvmFromCaller::Yes;
     return OpenMediaStream<Get_TalkStream_Info_t>(
         env, jbReturnValue, jbGetInfo, "com/zq/OrvexCore/Get_TalkStream_Info_t", jbFun,
-        [&](jclass cls, Get_TalkStream_Info_t& info) {
-            CJniKits::GetStuByteArrayField(env, jbGetInfo, cls, "szCameraId", info.szCameraId);
-            info.nAudioType = GetEnumField<orvex_audio_type_e>(env, jbGetInfo, cls, "nAudioType");
-            info.nTalkType = GetEnumField<orvex_talk_type_e>(env, jbGetInfo, cls, "nTalkType");
-            info.nBitsType = GetEnumField<orvex_talk_bits_e>(env, jbGetInfo, cls, "nBitsType");
-            info.nSampleType = GetEnumField<Talk_Sample_Rate_e>(env, jbGetInfo, cls, "nSampleType");
-            info.nTransType = GetEnumField<orvex_trans_type_e>(env, jbGetInfo, cls, "nTransType");
-        },
+        ReadTalkStreamInfo,
         [&](int32_t* pnSeq, Get_TalkStream_Info_t* info, pfnMediaDataCallback fn, void* user) {
             return ORVEX_GetTalkStream(jiHandle, pnSeq, info, fn, user, jiTimeout);
         },

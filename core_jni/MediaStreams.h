@@ -48,14 +48,19 @@ inline bool HasMediaInvoke(JNIEnv* env, jobject listener) {
     return env->GetMethodID(cls.get(), "invoke", "(III[BI[BI)V") != nullptr;
 }
 
-// Opens a stream: reads the request (class `classPath`) with `read(cls, info)`, makes a global
+// Reads the fields of a request object into its zero-filled C structure.
+template <typename Info>
+using ReadRequest = void (*)(JNIEnv* env, jobject joRequest, jclass cls, Info& info);
+
+// Opens a stream: reads the request (class `classPath`) with `read`, makes a global
 // reference to the listener and calls `open(&seq, &info, trampoline, reference)` once; on 0 the
 // sequence number goes to the holder. A refused open leaves the holder as the caller set it.
 // The reference is never deleted, not on failure and not when the stream closes: the library
 // may call with it until the end of the process.
-template <typename Info, typename Read, typename Open>
+template <typename Info, typename Open>
 jint OpenMediaStream(JNIEnv* env, jobject jbReturnValue, jobject joRequest, const char* classPath,
-                     jobject listener, Read read, Open open, StreamOptions options = {}) {
+                     jobject listener, ReadRequest<Info> read, Open open,
+                     StreamOptions options = {}) {
     if (options.fillJvm == FillJvmFromCaller::Yes) {
         FillJvmIfUnset(env);
     }
@@ -68,7 +73,7 @@ jint OpenMediaStream(JNIEnv* env, jobject jbReturnValue, jobject joRequest, cons
     Info info = Zeroed<Info>();
     {
         LocalClass cls = FindValueClass(env, classPath);
-        read(cls.get(), info);
+        read(env, joRequest, cls.get(), info);
     }
     if (listener == nullptr || InputFailed(env) || !HasMediaInvoke(env, listener)) {
         return RefuseInput();
