@@ -20,6 +20,7 @@ import java.util.List;
 import java.util.Map;
 import java.util.function.IntSupplier;
 import java.util.function.Supplier;
+import java.util.function.ToIntFunction;
 import java.util.stream.Stream;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
@@ -544,16 +545,21 @@ class MediaNativesTest {
         args.forEach((name, v) -> assertEquals(v, recorded.arg(name).value, name));
     }
 
+    /** A close by camera identifier: the id arrives terminated; empty is 1009, null throws. */
+    static void assertClosesByCamera(String fn, ToIntFunction<byte[]> close) {
+        assertEquals(0, close.applyAsInt(CRecord.ascii("abc")));
+        RecordedCall call = SimControl.last(fn);
+        assertArrayEquals(CRecord.ascii("abc\0"), call.arg("szCameraId").bytes);
+        assertEquals(TIMEOUT, call.arg("nTimeout").value);
+
+        assertEquals(1009, close.applyAsInt(new byte[0]));
+        assertThrows(NullPointerException.class, () -> close.applyAsInt(null));
+        assertEquals(1, SimControl.count(fn));
+    }
+
     @Test
     void closePlaybackByCameraSendsTheTerminatedIdAndRefusesEmptyOrNull() {
-        assertEquals(0, IOrvexCore.ORVEX_CloseRecordStreamByCameraId(
-                HANDLE, CRecord.ascii("abc"), TIMEOUT));
-        assertArrayEquals(CRecord.ascii("abc\0"),
-                SimControl.last("ORVEX_CloseRecordStreamByCameraId").arg("szCameraId").bytes);
-
-        assertEquals(1009, IOrvexCore.ORVEX_CloseRecordStreamByCameraId(HANDLE, new byte[0], 1));
-        assertThrows(NullPointerException.class,
-                () -> IOrvexCore.ORVEX_CloseRecordStreamByCameraId(HANDLE, null, 1));
-        assertEquals(1, SimControl.count("ORVEX_CloseRecordStreamByCameraId"));
+        assertClosesByCamera("ORVEX_CloseRecordStreamByCameraId",
+                id -> IOrvexCore.ORVEX_CloseRecordStreamByCameraId(HANDLE, id, TIMEOUT));
     }
 }
