@@ -116,8 +116,12 @@ jint WithBroadcastJson(JNIEnv* env, jbyteArray jbJson, BroadcastSeq seq, jobject
     if (seq == BroadcastSeq::ToHolder && IsNullArg(env, jbReturnValue, "jbReturnValue")) {
         return RefuseInput();
     }
+    std::unique_ptr<char[]> szJson(new (std::nothrow) char[static_cast<std::size_t>(nSize) + 1]());
+    if (!szJson) {
+        CJniKits::ThrowOutOfMemory(env, "broadcast text");
+        return RefuseInput();
+    }
     jbyte* json = env->GetByteArrayElements(jbJson, nullptr);
-    std::unique_ptr<char[]> szJson(new char[static_cast<std::size_t>(nSize) + 1]());
     const std::size_t nFromReference = std::min(static_cast<std::size_t>(nSize), sizeof(jobject));
     std::memcpy(szJson.get(), reinterpret_cast<const void*>(jbJson), nFromReference);
     int32_t nTalkSeq = 0;
