@@ -28,5 +28,15 @@ inline jint LastResult() {
     return g_nLastError.load(std::memory_order_relaxed);
 }
 
+// Fills g_jvm from the calling thread's environment when no listener setter or load did yet, so
+// that callbacks of what the caller starts can attach.
+inline void FillJvmIfUnset(JNIEnv* env) {
+    if (g_jvm.load(std::memory_order_relaxed) == nullptr) {
+        JavaVM* vm = nullptr;
+        env->GetJavaVM(&vm);
+        g_jvm.store(vm, std::memory_order_relaxed);
+    }
+}
+
 // Writes one integer into the "nReturnValue" of a Java Return_Value_Info_t holder.
 void SetReturnValue(JNIEnv* env, jobject holder, int nValue);

@@ -22,10 +22,8 @@ template <typename Pfn>
 jint RegisterListener(JNIEnv* env, jint jiHandle, jobject listener, const ListenerKind& kind,
                       int32_t (*registerFn)(int32_t, Pfn, void*), Pfn trampoline,
                       FillJvm fillJvm = FillJvm::Yes) {
-    if (fillJvm == FillJvm::Yes && g_jvm.load(std::memory_order_relaxed) == nullptr) {
-        JavaVM* vm = nullptr;
-        env->GetJavaVM(&vm);
-        g_jvm.store(vm, std::memory_order_relaxed);
+    if (fillJvm == FillJvm::Yes) {
+        FillJvmIfUnset(env);
     }
     if (listener == nullptr) {
         return StoreResult(registerFn(jiHandle, nullptr, nullptr));

@@ -26,6 +26,19 @@ int32_t OpenStream(const char* fn, int32_t nHandle, const char* seqName, int32_t
     return orvexsim::openStream(call, nHandle, pnSeq, Address(pfnCallback), pUserParam);
 }
 
+// The audio entry point of a talk session, as ORVEX_GetSdkAudioCallbackInfo hands it out: it
+// records each frame it is given (as the call "AudioEntryPoint") and calls nothing back.
+void AudioEntryPoint(unsigned char* pFrame, unsigned int nFrameLen, long nUserParam) {
+    CallRecord("AudioEntryPoint")
+        .bytes("pFrame", pFrame, nFrameLen)
+        .scalar("nFrameLen", nFrameLen)
+        .scalar("nUserParam", nUserParam)
+        .finish();
+}
+
+// The entry point's user data, which the library points into its own session state.
+AudioUserParam_t g_audioUserParam = {nullptr};
+
 }  // namespace
 
 extern "C" {
@@ -207,11 +220,20 @@ int32_t ORVEX_CloseTalkStreamByCameralId(int32_t nHandle, const char* szCameraId
 }
 
 int32_t ORVEX_GetSdkAudioCallbackInfo(int32_t nHandle, void** pFun, void** pUserParam) {
+    // Unless a test scripts another answer, the session's entry point is AudioEntryPoint.
     return CallRecord("ORVEX_GetSdkAudioCallbackInfo")
         .scalar("nHandle", nHandle)
         .out("pFun", pFun)
         .out("pUserParam", pUserParam)
-        .finish();
+        .finish([&] {
+            if (pFun != nullptr) {
+                *pFun = Address(AudioEntryPoint);
+            }
+            if (pUserParam != nullptr) {
+                *pUserParam = &g_audioUserParam;
+            }
+            return 0;
+        });
 }
 
 int32_t ORVEX_StartBroadcast(int32_t nHandle, int32_t* pnTalkSeq, const char* szJson,
