@@ -195,3 +195,28 @@ inline void ReturnValueOnSuccess(JNIEnv* env, jobject holder, int nResult, int n
         SetReturnValue(env, holder, nValue);
     }
 }
+
+// The object a field of `valueObject` holds (an array or a nested value object), by field name
+// and JNI signature. Null, with an exception pending, when the class or the object is missing
+// or the field does not exist; a field that holds null yields null with nothing pending.
+template <typename T = jobject>
+CJniKits::ScopedLocalRef<T> ObjectField(JNIEnv* env, jobject valueObject, jclass cls,
+                                        const char* fieldName, const char* signature) {
+    CJniKits::ExceptionStash stash(env);
+    if (IsNullArg(env, cls, "class") || IsNullArg(env, valueObject, fieldName)) {
+        return CJniKits::ScopedLocalRef<T>(env, nullptr);
+    }
+    jfieldID fid = env->GetFieldID(cls, fieldName, signature);
+    return CJniKits::ScopedLocalRef<T>(
+        env, fid == nullptr ? nullptr : static_cast<T>(env->GetObjectField(valueObject, fid)));
+}
+
+// Writes a C text member into the byte[] a field already holds: the bytes up to its terminator,
+// none past the member's end even when the library left it unterminated. The rest of the Java
+// array keeps its old contents.
+template <std::size_t N>
+void SetStuTextField(JNIEnv* env, jobject valueObject, jclass cls, const char* fieldName,
+                     const char (&member)[N]) {
+    CJniKits::SetStuByteArrayField(env, valueObject, cls, fieldName, member,
+                                   static_cast<int>(strnlen(member, N)));
+}
