@@ -100,7 +100,8 @@ class PtzNativesTest {
     static Stream<Arguments> ptzCommands() {
         return Stream.of(
                 Arguments.of("ORVEX_PtzDirection",
-                        (PtzNative) (h, r, t) -> IOrvexCore.ORVEX_PtzDirection(h, (Ptz_Direct_Info_t) r, t),
+                        (PtzNative) (h, r, t) -> IOrvexCore.ORVEX_PtzDirection(
+                                h, (Ptz_Direct_Info_t) r, t),
                         (Supplier<Object>) PtzNativesTest::direct, "ORVEX_PtzDirection",
                         new CRecord(76).text(0, "cam-dir").i32(64, 7).i32(68, 0x01020304)
                                 .raw(72, new byte[] {1}).bytes()),
@@ -115,7 +116,8 @@ class PtzNativesTest {
                         new CRecord(80).text(0, "cam-sit").i32(64, -100).i32(68, 0x7FFFFFFF)
                                 .i32(72, 33).bytes()),
                 Arguments.of("ORVEX_PtzLockCamera",
-                        (PtzNative) (h, r, t) -> IOrvexCore.ORVEX_PtzLockCamera(h, (Ptz_Lock_Info_t) r, t),
+                        (PtzNative) (h, r, t) -> IOrvexCore.ORVEX_PtzLockCamera(
+                                h, (Ptz_Lock_Info_t) r, t),
                         (Supplier<Object>) PtzNativesTest::lock, "ORVEX_PtzLockCamera",
                         new CRecord(68).text(0, "cam-lock").i32(64, 3).bytes()),
                 Arguments.of("ORVEX_PtzLightControl",
@@ -199,7 +201,8 @@ class PtzNativesTest {
             points.i32(36 * k, (Integer) codeAndName[2 * k]);
             points.raw(36 * k + 4, (byte[]) codeAndName[2 * k + 1]);
         }
-        return new Write[] {Write.le32("pInfo", 64, count), Write.bytes("pInfo", 68, points.bytes())};
+        return new Write[] {
+            Write.le32("pInfo", 64, count), Write.bytes("pInfo", 68, points.bytes())};
     }
 
     private static Ptz_Prepoint_Info_t listRequest(int slots) {
@@ -295,7 +298,8 @@ class PtzNativesTest {
     void listingWithoutAPresetArrayIsRefused() {
         Ptz_Prepoint_Info_t info = listRequest(1);
         info.pPoints = null;
-        assertThrows(NullPointerException.class, () -> IOrvexCore.ORVEX_QueryPrePoint(8, info, 700));
+        assertThrows(NullPointerException.class,
+                () -> IOrvexCore.ORVEX_QueryPrePoint(8, info, 700));
         assertEquals(0, SimControl.calls().length);
     }
 
