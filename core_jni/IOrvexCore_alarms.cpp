@@ -33,12 +33,9 @@ struct AlarmSourceList {
 
 template <typename Source>
 std::unique_ptr<Source[]> NewSourceRecords(JNIEnv* env, jint count, SourceRecords records) {
-    if (records == SourceRecords::Zeroed) {
+    // NewRecords also refuses a negative count, which no allocation of either kind could satisfy.
+    if (records == SourceRecords::Zeroed || count < 0) {
         return NewRecords<Source>(env, count);
-    }
-    if (count < 0) {
-        CJniKits::ThrowOutOfMemory(env, "negative record count");
-        return nullptr;
     }
     std::unique_ptr<Source[]> sources(new (std::nothrow) Source[static_cast<std::size_t>(count)]);
     if (!sources) {
