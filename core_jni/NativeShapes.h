@@ -335,3 +335,18 @@ jint FetchRecords(JNIEnv* env, jobject joRequest, ZeroCount zero, WriteBack writ
     }
     return LastResult();
 }
+
+// The object a field of `valueObject` holds (an array or a nested value object), by field name
+// and JNI signature. Null, with an exception pending, when the class or the object is missing
+// or the field does not exist; a field that holds null yields null with nothing pending.
+template <typename T = jobject>
+CJniKits::ScopedLocalRef<T> ObjectField(JNIEnv* env, jobject valueObject, jclass cls,
+                                        const char* fieldName, const char* signature) {
+    CJniKits::ExceptionStash stash(env);
+    if (IsNullArg(env, cls, "class") || IsNullArg(env, valueObject, fieldName)) {
+        return CJniKits::ScopedLocalRef<T>(env, nullptr);
+    }
+    jfieldID fid = env->GetFieldID(cls, fieldName, signature);
+    return CJniKits::ScopedLocalRef<T>(
+        env, fid == nullptr ? nullptr : static_cast<T>(env->GetObjectField(valueObject, fid)));
+}
