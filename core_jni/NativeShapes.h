@@ -195,3 +195,24 @@ inline void ReturnValueOnSuccess(JNIEnv* env, jobject holder, int nResult, int n
         SetReturnValue(env, holder, nValue);
     }
 }
+
+// The Java array an object-array field of a value object holds (signature "[L...;"), as a local
+// reference. Null, with an exception pending, where the class, the field or the object is
+// missing; null without one where the field itself is null. Runs even with an exception pending
+// from an earlier field, as the kit's helpers do.
+inline CJniKits::ScopedLocalRef<jobjectArray> ObjectArrayField(JNIEnv* env, jobject valueObject,
+                                                               jclass cls, const char* fieldName,
+                                                               const char* signature) {
+    CJniKits::ExceptionStash stash(env);
+    jobject array = nullptr;
+    if (cls == nullptr) {
+        CJniKits::ThrowNull(env, "value class");
+    } else if (jfieldID fid = env->GetFieldID(cls, fieldName, signature); fid == nullptr) {
+        // NoSuchFieldError is pending.
+    } else if (valueObject == nullptr) {
+        CJniKits::ThrowNull(env, "value object");
+    } else {
+        array = env->GetObjectField(valueObject, fid);
+    }
+    return CJniKits::ScopedLocalRef<jobjectArray>(env, static_cast<jobjectArray>(array));
+}
