@@ -81,11 +81,7 @@ void WriteDiskInfo(JNIEnv* env, jobject jbDiskInfo, const Device_Disk_Info_t& in
     CJniKits::SetStuIntField(env, jbDiskInfo, cls.get(), "nDiskInfoSize", info.nDiskInfoSize);
 
     CJniKits::ExceptionStash stash(env);
-    jint count = info.nDiskInfoSize;
-    if (count > capacity) {
-        CJniKits::ThrowIndexOutOfBounds(env, "the library reported more disks than were asked for");
-        count = capacity;
-    }
+    const jint count = info.nDiskInfoSize < capacity ? info.nDiskInfoSize : capacity;
     CJniKits::ScopedLocalRef<jobjectArray> list = ObjectArrayField(
         env, jbDiskInfo, cls.get(), "pDiskInfoList", "[Lcom/zq/OrvexCore/Single_Disk_Info_t;");
     LocalClass diskCls = FindValueClass(env, "com/zq/OrvexCore/Single_Disk_Info_t");
@@ -101,6 +97,9 @@ void WriteDiskInfo(JNIEnv* env, jobject jbDiskInfo, const Device_Disk_Info_t& in
         CJniKits::SetStuCharField(env, disk, dc, "subareaNum", d.subareaNum);
         CJniKits::SetStuCharField(env, disk, dc, "signal", d.signal);
     });
+    if (info.nDiskInfoSize > capacity) {
+        CJniKits::ThrowIndexOutOfBounds(env, "the library reported more disks than were asked for");
+    }
 }
 
 }  // namespace
@@ -136,6 +135,9 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetDevBurnerHeade
     DevBurnerInfoHeader_t header = Zeroed<DevBurnerInfoHeader_t>();
     TrialFormAttrName_t labels = Zeroed<TrialFormAttrName_t>();
     ReadBurnerHeader(env, jbInfoHeader, header);
+    if (InputFailed(env)) {
+        return RefuseInput();
+    }
     ReadFormLabels(env, jbAttrName, labels);
     if (InputFailed(env)) {
         return RefuseInput();
