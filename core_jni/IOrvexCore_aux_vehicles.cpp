@@ -120,6 +120,25 @@ void WritePersonRows(JNIEnv* env, jobjectArray jaPersonInfo, const Person_Count_
     });
 }
 
+// When a count query writes its holder: on success only, or whatever the result.
+enum class CountWrite { OnSuccess, Always };
+
+// The body of a two-step fetch's count query: a null holder is refused; the library fills a
+// zeroed local count, and the holder receives it as `when` says.
+template <typename Count, typename Call>
+jint CountIntoHolder(JNIEnv* env, jobject holder, CountWrite when, Call call) {
+    if (IsNullArg(env, holder, "count holder")) {
+        return RefuseInput();
+    }
+    Count count = 0;
+    const int nResult = call(&count);
+    StoreResult(nResult);
+    if (when == CountWrite::Always || nResult == ORVEX_RET_SUCCESS) {
+        SetReturnValue(env, holder, static_cast<int>(count));
+    }
+    return LastResult();
+}
+
 // The body of the three people-counting methods: a null or empty camera identifier is refused
 // with 1009 alone. The pinned identifier bytes are never released, as these methods have always
 // left them.
@@ -157,14 +176,10 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetDoorCmd(
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1QueryLinkResource(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject joCount, jint jiTimeout) {
-    if (IsNullArg(env, joCount, "joCount")) {
-        return RefuseInput();
-    }
-    uint32_t nLen = 0;
-    StoreResult(ORVEX_QueryLinkResource(jiHandle, &nLen, jiTimeout));
     // Written whatever the result: callers read 0 after a failure.
-    SetReturnValue(env, joCount, static_cast<int>(nLen));
-    return LastResult();
+    return CountIntoHolder<uint32_t>(env, joCount, CountWrite::Always, [&](uint32_t* pnLen) {
+        return ORVEX_QueryLinkResource(jiHandle, pnLen, jiTimeout);
+    });
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetLinkResource(JNIEnv* env,
@@ -209,14 +224,9 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1QueryNVRChnlStatu
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1AskForLastGpsStatusXMLStrCount(
     JNIEnv* env, jclass /*thiz*/, jint jiHandle, jobject jbReturnValue, jint jiTimeout) {
-    if (IsNullArg(env, jbReturnValue, "jbReturnValue")) {
-        return RefuseInput();
-    }
-    int32_t nLen = 0;
-    const int nResult = ORVEX_AskForLastGpsStatusXMLStrCount(jiHandle, &nLen, jiTimeout);
-    StoreResult(nResult);
-    ReturnValueOnSuccess(env, jbReturnValue, nResult, nLen);
-    return LastResult();
+    return CountIntoHolder<int32_t>(env, jbReturnValue, CountWrite::OnSuccess, [&](int32_t* pnLen) {
+        return ORVEX_AskForLastGpsStatusXMLStrCount(jiHandle, pnLen, jiTimeout);
+    });
 }
 
 JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1AskForLastGpsStatusXMLStr(

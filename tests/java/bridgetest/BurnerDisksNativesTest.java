@@ -51,11 +51,6 @@ class BurnerDisksNativesTest {
         SimControl.reset();
     }
 
-    /** Leaves {@code code} as the bridge's last result through an unrelated native. */
-    private static void leaveLastResult(int code) {
-        SimControl.script("ORVEX_SetCompressType", code);
-        assertEquals(code, IOrvexCore.ORVEX_SetCompressType(1, 0));
-    }
 
     /** A text of {@code length} bytes that differs per field, so swapped members show. */
     private static byte[] textFor(String field, int length) {
@@ -215,7 +210,7 @@ class BurnerDisksNativesTest {
     void diskCountRefusesANullIdentifierAndReturnsTheLastResultForAnEmptyOne() {
         Return_Value_Info_t h = new Return_Value_Info_t();
         assertEquals(1009, IOrvexCore.ORVEX_GetDeviceDiskInfoCount(1, null, h, h, 0));
-        leaveLastResult(4242);
+        LastResult.leave(4242);
         assertEquals(4242, IOrvexCore.ORVEX_GetDeviceDiskInfoCount(1, new byte[0], h, h, 0));
         assertThrows(NullPointerException.class,
                 () -> IOrvexCore.ORVEX_GetDeviceDiskInfoCount(1, CRecord.ascii("x"), h, null, 0));
