@@ -263,16 +263,19 @@ jint ReturnThroughHolder(JNIEnv* env, jobject holder, T initial, Call call) {
         ValueIntoHolder<T>(env, holder, "result holder", call, HolderWrite::OnSuccess, initial));
 }
 
-// The Java object array an object field holds, or null (with NoSuchFieldError pending for a
-// missing field). Safe to call with an exception pending.
-inline jobjectArray ObjectArrayField(JNIEnv* env, jobject obj, jclass cls, const char* fieldName,
-                                     const char* signature) {
+// The object a field of `valueObject` holds (an array or a nested value object), by field name
+// and JNI signature. Null, with an exception pending, when the class or the object is missing
+// or the field does not exist; a field that holds null yields null with nothing pending.
+template <typename T = jobject>
+CJniKits::ScopedLocalRef<T> ObjectField(JNIEnv* env, jobject valueObject, jclass cls,
+                                        const char* fieldName, const char* signature) {
     CJniKits::ExceptionStash stash(env);
-    if (obj == nullptr || cls == nullptr) {
-        return nullptr;
+    if (IsNullArg(env, cls, "class") || IsNullArg(env, valueObject, fieldName)) {
+        return CJniKits::ScopedLocalRef<T>(env, nullptr);
     }
     jfieldID fid = env->GetFieldID(cls, fieldName, signature);
-    return fid != nullptr ? static_cast<jobjectArray>(env->GetObjectField(obj, fid)) : nullptr;
+    return CJniKits::ScopedLocalRef<T>(
+        env, fid == nullptr ? nullptr : static_cast<T>(env->GetObjectField(valueObject, fid)));
 }
 
 // What a record fetch does when the request asks for no records.
@@ -325,28 +328,12 @@ jint FetchRecords(JNIEnv* env, jobject joRequest, ZeroCount zero, WriteBack writ
             returned < 0 ? 0 : (returned > capacity ? capacity : static_cast<jint>(returned));
         LocalClass elementClass = FindValueClass(env, Fetch::kElementClass);
         if (elementClass.get() != nullptr) {
-            CJniKits::ScopedLocalRef<jobjectArray> array(
-                env, ObjectArrayField(env, joRequest, cls.get(), Fetch::kArrayField,
-                                      Fetch::kArraySignature));
+            auto array = ObjectField<jobjectArray>(env, joRequest, cls.get(), Fetch::kArrayField,
+                                                   Fetch::kArraySignature);
             ForEachElement(env, array.get(), filled, [&](jsize i, jobject element) {
                 Fetch::Write(env, element, elementClass.get(), records[i]);
             });
         }
     }
     return LastResult();
-}
-
-// The object a field of `valueObject` holds (an array or a nested value object), by field name
-// and JNI signature. Null, with an exception pending, when the class or the object is missing
-// or the field does not exist; a field that holds null yields null with nothing pending.
-template <typename T = jobject>
-CJniKits::ScopedLocalRef<T> ObjectField(JNIEnv* env, jobject valueObject, jclass cls,
-                                        const char* fieldName, const char* signature) {
-    CJniKits::ExceptionStash stash(env);
-    if (IsNullArg(env, cls, "class") || IsNullArg(env, valueObject, fieldName)) {
-        return CJniKits::ScopedLocalRef<T>(env, nullptr);
-    }
-    jfieldID fid = env->GetFieldID(cls, fieldName, signature);
-    return CJniKits::ScopedLocalRef<T>(
-        env, fid == nullptr ? nullptr : static_cast<T>(env->GetObjectField(valueObject, fid)));
 }

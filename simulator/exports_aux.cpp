@@ -9,17 +9,19 @@ using orvexsim::CallRecord;
 using orvexsim::CommandCall;
 using orvexsim::InRecords;
 using orvexsim::OutRecords;
+using orvexsim::takeDeclaredCapacity;
 
 extern "C" {
 
-// The answer buffers of the two command calls have no size the library is told, so they are
-// recorded with none.
+// The answer buffers of the two command calls have no size the library is told: they are
+// recorded and writable only as far as a test declared their capacity.
 int32_t ORVEX_SendCammandToCMSByJson(int32_t nHandle, const char* szJson, char* szJsonResult,
                                      int32_t nTimeout) {
     return CallRecord("ORVEX_SendCammandToCMSByJson")
         .scalar("nHandle", nHandle)
         .text("szJson", szJson)
-        .out("szJsonResult", szJsonResult, 0)
+        .out("szJsonResult", szJsonResult,
+             takeDeclaredCapacity("ORVEX_SendCammandToCMSByJson", "szJsonResult"))
         .scalar("nTimeout", nTimeout)
         .finish();
 }
@@ -30,7 +32,8 @@ int32_t ORVEX_SendCammandToDMSByJson(int32_t nHandle, const char* szJson, const 
         .scalar("nHandle", nHandle)
         .text("szJson", szJson)
         .text("szCameraId", szCameraId)
-        .out("szJsonResult", szJsonResult, 0)
+        .out("szJsonResult", szJsonResult,
+             takeDeclaredCapacity("ORVEX_SendCammandToDMSByJson", "szJsonResult"))
         .scalar("nTimeout", nTimeout)
         .finish();
 }

@@ -229,9 +229,10 @@ int32_t ORVEX_GetDeviceDiskInfo(int32_t nHandle, int32_t nSequence, Device_Disk_
     CallRecord call("ORVEX_GetDeviceDiskInfo");
     call.scalar("nHandle", nHandle).scalar("nSequence", nSequence).out("pInfo", pInfo);
     if (pInfo != nullptr) {
-        // The library is not told the capacity of the disk list (nDiskInfoSize is an output),
-        // so no byte of it can be recorded or offered to scripted writes.
-        call.out("pInfo.pDiskInfoList", pInfo->pDiskInfoList, 0);
+        // The library is not told the capacity of the disk list (nDiskInfoSize is an output):
+        // it is recorded and writable only as far as a test declared it.
+        call.out("pInfo.pDiskInfoList", pInfo->pDiskInfoList,
+                 orvexsim::takeDeclaredCapacity("ORVEX_GetDeviceDiskInfo", "pInfo.pDiskInfoList"));
     }
     return call.finish();
 }

@@ -37,3 +37,13 @@ ORVEXSIM_API long fireMany(CbKind kind, int32_t handle, int32_t seq, const std::
                            int threads, int eventsPerThread, int stampArg, std::string* error);
 
 }  // namespace orvexsim::control
+
+namespace orvexsim::control {
+
+// Declares that the next call of `fn` hands the library `bytes` of writable memory at output
+// `target`, whose size the library itself is not told. Must not exceed what the caller really
+// allocates. Forgotten by reset().
+ORVEXSIM_API void declareCapacity(const std::string& fn, const std::string& target,
+                                  std::size_t bytes);
+
+}  // namespace orvexsim::control

@@ -171,9 +171,12 @@ int32_t openStream(CallRecord& call, int32_t handle, const int32_t* pSeq, void* 
     return result;
 }
 
+void ForgetDeclaredCapacities();
+
 namespace control {
 
 void reset() {
+    ForgetDeclaredCapacities();
     std::lock_guard<std::mutex> lock(S().mu);
     S().calls.clear();
     S().scripts.clear();
@@ -270,6 +273,49 @@ long fireMany(CbKind kind, int32_t handle, int32_t seq, const std::vector<Value>
         t.join();
     }
     return static_cast<long>(threads) * eventsPerThread;
+}
+
+}  // namespace control
+}  // namespace orvexsim
+
+namespace orvexsim {
+namespace {
+
+// Declared capacities, queued per (function, output); apart from State so that taking one never
+// waits on the call log.
+struct Capacities {
+    std::mutex mu;
+    std::map<std::pair<std::string, std::string>, std::deque<std::size_t>> queued;
+};
+
+Capacities& C() {
+    static Capacities* c = new Capacities;
+    return *c;
+}
+
+}  // namespace
+
+void ForgetDeclaredCapacities() {
+    std::lock_guard<std::mutex> lock(C().mu);
+    C().queued.clear();
+}
+
+std::size_t takeDeclaredCapacity(const char* fn, const char* target) {
+    std::lock_guard<std::mutex> lock(C().mu);
+    auto it = C().queued.find({fn, target});
+    if (it == C().queued.end() || it->second.empty()) {
+        return 0;
+    }
+    const std::size_t bytes = it->second.front();
+    it->second.pop_front();
+    return bytes;
+}
+
+namespace control {
+
+void declareCapacity(const std::string& fn, const std::string& target, std::size_t bytes) {
+    std::lock_guard<std::mutex> lock(C().mu);
+    C().queued[{fn, target}].push_back(bytes);
 }
 
 }  // namespace control

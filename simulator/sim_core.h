@@ -151,3 +151,12 @@ ORVEXSIM_API int32_t openStream(CallRecord& call, int32_t handle, const int32_t*
                                 void* user);
 
 }  // namespace orvexsim
+
+namespace orvexsim {
+
+// The capacity a test declared for an output whose size the library is not told (a JSON answer
+// buffer, the disk list), for the next call of `fn`: recorded and offered to scripted writes as
+// an output of that many bytes. 0 when nothing was declared. Each declaration serves one call.
+ORVEXSIM_API std::size_t takeDeclaredCapacity(const char* fn, const char* target);
+
+}  // namespace orvexsim

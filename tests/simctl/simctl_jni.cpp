@@ -206,3 +206,14 @@ JNIEXPORT void JNICALL Java_simctl_SimControl_install(JNIEnv* env, jclass, jstri
 }
 
 }  // extern "C"
+
+extern "C" JNIEXPORT void JNICALL Java_simctl_SimControl_declareCapacity(JNIEnv* env, jclass,
+                                                                         jstring fn, jstring target,
+                                                                         jint bytes) {
+    if (bytes < 0) {
+        ThrowState(env, "a capacity cannot be negative");
+        return;
+    }
+    orvexsim::control::declareCapacity(ToString(env, fn), ToString(env, target),
+                                       static_cast<std::size_t>(bytes));
+}

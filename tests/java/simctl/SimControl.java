@@ -78,4 +78,12 @@ public final class SimControl {
     public static int count(String fn) {
         return callsOf(fn).size();
     }
+
+    /**
+     * Declares that the next call of {@code fn} hands the library {@code bytes} of writable
+     * memory at output {@code target}, whose size the library is not told (a JSON answer buffer,
+     * the disk list), so that the call records it and scripted writes may fill it. Must not
+     * exceed what the bridge really allocates there.
+     */
+    public static native void declareCapacity(String fn, String target, int bytes);
 }

@@ -787,7 +787,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // Doors, link resources and NVR channel status
-    //   natives: core_jni/IOrvexCore_aux.cpp
+    //   natives: core_jni/IOrvexCore_aux_vehicles.cpp
     // ---------------------------------------------------------------------------------------
 
     /**
@@ -816,7 +816,7 @@ public final class IOrvexCore {
 
     // ---------------------------------------------------------------------------------------
     // GPS, vehicle bays and people counting
-    //   natives: core_jni/IOrvexCore_aux.cpp
+    //   natives: core_jni/IOrvexCore_aux_vehicles.cpp
     // ---------------------------------------------------------------------------------------
 
     /** Returns the length of the last-GPS-status text in {@code jbReturnValue}. */
