@@ -1,0 +1,27 @@
+# Every native the javac -h header declares is exported under its JNI name, except
+# ORVEX_GetDevicesInfoLen, which the bridge exports only under its C++ name.
+# Usage: cmake -DLIBRARY=<lib.so> -DHEADER=<com_zq_OrvexCore_IOrvexCore.h> -P ...
+find_program(NM nm REQUIRED)
+execute_process(COMMAND ${NM} -D --defined-only --format=posix ${LIBRARY}
+                OUTPUT_VARIABLE nm_out RESULT_VARIABLE nm_rc)
+if(NOT nm_rc EQUAL 0)
+  message(FATAL_ERROR "nm failed on ${LIBRARY}")
+endif()
+file(READ ${HEADER} header)
+string(REGEX MATCHALL "Java_com_zq_OrvexCore_IOrvexCore_[A-Za-z0-9_]+" declared "${header}")
+list(REMOVE_DUPLICATES declared)
+set(missing "")
+foreach(name IN LISTS declared)
+  if(name STREQUAL "Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1GetDevicesInfoLen")
+    if(nm_out MATCHES "(^|\n)${name} ")
+      list(APPEND missing "${name} (must not be exported under its JNI name)")
+    endif()
+  elseif(NOT nm_out MATCHES "(^|\n)${name} ")
+    list(APPEND missing ${name})
+  endif()
+endforeach()
+list(LENGTH declared n)
+if(missing)
+  message(FATAL_ERROR "natives not exported as declared:\n  ${missing}")
+endif()
+message(STATUS "all ${n} declared natives exported as expected")
