@@ -71,7 +71,7 @@ class HostileInputTest {
         assertTrue(cause.getMessage().contains("invoke("), cause.getMessage());
         assertEquals(0, SimControl.count(c.setter()));
         // The refusal is stored as the last result, as the native's return value would be.
-        assertEquals(1009, BridgeInternals.readInt(BridgeInternals.global("g_nLastError")));
+        assertEquals(1009, LastResult.read());
     }
 
     @ParameterizedTest(name = "{0}")

@@ -50,7 +50,7 @@ class MediaNativesTest {
     }
 
     static int lastResult() {
-        return (int) BridgeInternals.readPointer(BridgeInternals.global("g_nLastError"));
+        return LastResult.read();
     }
 
     // ---- the five openers --------------------------------------------------------------------
