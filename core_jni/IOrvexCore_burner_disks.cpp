@@ -61,7 +61,7 @@ void ReadBurnerHeader(JNIEnv* env, jobject jo, DevBurnerInfoHeader_t& header) {
     header.m_multiBurnerDataCheck =
         CJniKits::GetStuBoolField(env, jo, c, "m_multiBurnerDataCheck") != 0;
     header.m_multiBurnerDataCheckSpeed =
-        static_cast<uint32_t>(CJniKits::GetStuIntField(env, jo, c, "m_multiBurnerDataCheckSpeed"));
+        IntFieldAs<uint32_t>(env, jo, c, "m_multiBurnerDataCheckSpeed");
 }
 
 void ReadFormLabels(JNIEnv* env, jobject jo, TrialFormAttrName_t& labels) {

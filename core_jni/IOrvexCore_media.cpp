@@ -22,22 +22,22 @@ void ReadExternalUrlInfo(JNIEnv* env, jobject jo, jclass cls,
     CJniKits::GetStuByteArrayField(env, jo, cls, "szCameraId", info.szCameraId);
     // Declared int in Java; only exactly 1 asks for transcoding.
     info.bUsedVCS = CJniKits::GetStuIntField(env, jo, cls, "bUsedVCS") == 1;
-    info.nTrackId = GetEnumField<orvex_trackid_type_e>(env, jo, cls, "nTrackId");
-    info.nVcsbps = static_cast<uint32_t>(CJniKits::GetStuIntField(env, jo, cls, "nVcsbps"));
-    info.nVcsfps = static_cast<uint32_t>(CJniKits::GetStuIntField(env, jo, cls, "nVcsfps"));
-    info.nVcsResolution = GetEnumField<orvex_resolution_type_e>(env, jo, cls, "nVcsResolution");
-    info.nVcsVideocodec = GetEnumField<orvex_videocodec_type_e>(env, jo, cls, "nVcsVideocodec");
-    info.nStreamType = GetEnumField<orvex_stream_type_e>(env, jo, cls, "nStreamType");
-    info.nMediaType = GetEnumField<orvex_media_type_e>(env, jo, cls, "nMediaType");
-    info.nTransType = GetEnumField<orvex_trans_type_e>(env, jo, cls, "nTransType");
+    info.nTrackId = IntFieldAs<orvex_trackid_type_e>(env, jo, cls, "nTrackId");
+    info.nVcsbps = IntFieldAs<uint32_t>(env, jo, cls, "nVcsbps");
+    info.nVcsfps = IntFieldAs<uint32_t>(env, jo, cls, "nVcsfps");
+    info.nVcsResolution = IntFieldAs<orvex_resolution_type_e>(env, jo, cls, "nVcsResolution");
+    info.nVcsVideocodec = IntFieldAs<orvex_videocodec_type_e>(env, jo, cls, "nVcsVideocodec");
+    info.nStreamType = IntFieldAs<orvex_stream_type_e>(env, jo, cls, "nStreamType");
+    info.nMediaType = IntFieldAs<orvex_media_type_e>(env, jo, cls, "nMediaType");
+    info.nTransType = IntFieldAs<orvex_trans_type_e>(env, jo, cls, "nTransType");
 }
 
 void ReadRecordStreamFileInfo(JNIEnv* env, jobject jo, jclass cls,
                               Get_RecordStream_File_Info_t& info) {
     CJniKits::GetStuByteArrayField(env, jo, cls, "szCameraId", info.szCameraId);
-    info.nRight = GetEnumField<orvex_check_right_e>(env, jo, cls, "nRight");
-    info.nMode = GetEnumField<orvex_pb_mode_e>(env, jo, cls, "nMode");
-    info.nFileIndex = static_cast<uint32_t>(CJniKits::GetStuIntField(env, jo, cls, "nFileIndex"));
+    info.nRight = IntFieldAs<orvex_check_right_e>(env, jo, cls, "nRight");
+    info.nMode = IntFieldAs<orvex_pb_mode_e>(env, jo, cls, "nMode");
+    info.nFileIndex = IntFieldAs<uint32_t>(env, jo, cls, "nFileIndex");
     info.uBeginTime = GetTimeField(env, jo, cls, "uBeginTime");
     info.uEndTime = GetTimeField(env, jo, cls, "uEndTime");
 }

@@ -50,8 +50,7 @@ jint SendSteppedCommand(JNIEnv* env, jint jiHandle, jobject jbRequest, const cha
         [&](jclass cls, Info& info) {
             info.*command =
                 static_cast<Command>(CJniKits::GetStuIntField(env, jbRequest, cls, commandField));
-            info.nStep =
-                static_cast<uint32_t>(CJniKits::GetStuIntField(env, jbRequest, cls, "nStep"));
+            info.nStep = IntFieldAs<uint32_t>(env, jbRequest, cls, "nStep");
             info.bStop = CJniKits::GetStuBoolField(env, jbRequest, cls, "bStop") != 0;
         },
         CallLibrary(fn, jiHandle, jiTimeout));
@@ -179,8 +178,7 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1QueryPrePoint(
     return SendPtzRequest<Ptz_Prepoint_Info_t>(
         env, jbPrepointInfo, kPrepointListClass,
         [&](jclass cls, Ptz_Prepoint_Info_t& info) {
-            info.nCount =
-                static_cast<uint32_t>(CJniKits::GetStuIntField(env, jbPrepointInfo, cls, "nCount"));
+            info.nCount = IntFieldAs<uint32_t>(env, jbPrepointInfo, cls, "nCount");
             // The presets go into this array after the call; without it they could not reach
             // Java, so a null array is refused before the library is asked.
             auto points = ObjectField<jobjectArray>(env, jbPrepointInfo, cls, "pPoints",

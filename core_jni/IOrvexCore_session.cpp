@@ -114,14 +114,12 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1Login(JNIEnv* env
         env, jbloginInfo, "com/zq/OrvexCore/Login_Info_t",
         [&](jclass cls, Login_Info_t& info) {
             CJniKits::GetStuByteArrayField(env, jbloginInfo, cls, "szIp", info.szIp);
-            info.nPort =
-                static_cast<uint32_t>(CJniKits::GetStuIntField(env, jbloginInfo, cls, "nPort"));
+            info.nPort = IntFieldAs<uint32_t>(env, jbloginInfo, cls, "nPort");
             CJniKits::GetStuByteArrayField(env, jbloginInfo, cls, "szUsername", info.szUsername);
             CJniKits::GetStuByteArrayField(env, jbloginInfo, cls, "szPassword", info.szPassword);
             info.nProtocol = static_cast<orvex_protocol_version_e>(
                 CJniKits::GetStuIntField(env, jbloginInfo, cls, "nProtocol"));
-            info.iType =
-                static_cast<uint32_t>(CJniKits::GetStuIntField(env, jbloginInfo, cls, "iType"));
+            info.iType = IntFieldAs<uint32_t>(env, jbloginInfo, cls, "iType");
             CJniKits::GetStuByteArrayField(env, jbloginInfo, cls, "szPhoneNum", info.szCheckBit);
         },
         [&](Login_Info_t* pInfo) { return ORVEX_Login(jiHandle, pInfo, jiTimeout); });

@@ -79,8 +79,7 @@ struct AlarmInChannelFetch {
     static Record*& Records(Info& info) { return info.pAlarmInChannelnfo; }
     static void Read(JNIEnv* env, jobject jo, jclass cls, Info& info) {
         CJniKits::GetStuByteArrayField(env, jo, cls, "szDeviceId", info.szDeviceId);
-        info.nAlarmInChannelCount =
-            static_cast<uint32_t>(CJniKits::GetStuIntField(env, jo, cls, "nAlarmInChannelCount"));
+        info.nAlarmInChannelCount = IntFieldAs<uint32_t>(env, jo, cls, "nAlarmInChannelCount");
     }
     static void Write(JNIEnv* env, jobject element, jclass cls, const Record& record) {
         WriteAlarmInChannel(env, element, cls, record);

@@ -55,11 +55,11 @@ EntryPoints& HandedOutEntryPoints() {
 
 void ReadTalkStreamInfo(JNIEnv* env, jobject jo, jclass cls, Get_TalkStream_Info_t& info) {
     CJniKits::GetStuByteArrayField(env, jo, cls, "szCameraId", info.szCameraId);
-    info.nAudioType = GetEnumField<orvex_audio_type_e>(env, jo, cls, "nAudioType");
-    info.nTalkType = GetEnumField<orvex_talk_type_e>(env, jo, cls, "nTalkType");
-    info.nBitsType = GetEnumField<orvex_talk_bits_e>(env, jo, cls, "nBitsType");
-    info.nSampleType = GetEnumField<Talk_Sample_Rate_e>(env, jo, cls, "nSampleType");
-    info.nTransType = GetEnumField<orvex_trans_type_e>(env, jo, cls, "nTransType");
+    info.nAudioType = IntFieldAs<orvex_audio_type_e>(env, jo, cls, "nAudioType");
+    info.nTalkType = IntFieldAs<orvex_talk_type_e>(env, jo, cls, "nTalkType");
+    info.nBitsType = IntFieldAs<orvex_talk_bits_e>(env, jo, cls, "nBitsType");
+    info.nSampleType = IntFieldAs<Talk_Sample_Rate_e>(env, jo, cls, "nSampleType");
+    info.nTransType = IntFieldAs<orvex_trans_type_e>(env, jo, cls, "nTransType");
 }
 
 // The pData array of a Send_Audio_Data_Info_t, or null (with an exception pending when the

@@ -10,16 +10,11 @@
 
 namespace {
 
-// Wall, screen, window and count members are uint32_t in C and int in Java.
-uint32_t UnsignedField(JNIEnv* env, jobject jo, jclass cls, const char* fieldName) {
-    return static_cast<uint32_t>(CJniKits::GetStuIntField(env, jo, cls, fieldName));
-}
-
 // The wall and screen members that lead every screen request.
 template <typename Info>
 void ReadWallAndScreen(JNIEnv* env, jobject jo, jclass cls, Info& info) {
-    info.nTvWallId = UnsignedField(env, jo, cls, "nTvWallId");
-    info.nScreenId = UnsignedField(env, jo, cls, "nScreenId");
+    info.nTvWallId = IntFieldAs<uint32_t>(env, jo, cls, "nTvWallId");
+    info.nScreenId = IntFieldAs<uint32_t>(env, jo, cls, "nScreenId");
 }
 
 // TvWall_List_Info_t: the capacity in, the walls out.
@@ -33,7 +28,7 @@ struct WallListFetch {
     static uint32_t& Count(Info& info) { return info.nCount; }
     static Record*& Records(Info& info) { return info.pTvWallInfo; }
     static void Read(JNIEnv* env, jobject jo, jclass cls, Info& info) {
-        info.nCount = UnsignedField(env, jo, cls, "nCount");
+        info.nCount = IntFieldAs<uint32_t>(env, jo, cls, "nCount");
     }
     static void Write(JNIEnv* env, jobject jo, jclass cls, const Record& wall) {
         CJniKits::SetStuIntField(env, jo, cls, "nTvWallId", static_cast<int>(wall.nTvWallId));
@@ -55,8 +50,8 @@ struct WallLayoutFetch {
     static uint32_t& Count(Info& info) { return info.nCount; }
     static Record*& Records(Info& info) { return info.pScreenInfo; }
     static void Read(JNIEnv* env, jobject jo, jclass cls, Info& info) {
-        info.nTvWallId = UnsignedField(env, jo, cls, "nTvWallId");
-        info.nCount = UnsignedField(env, jo, cls, "nCount");
+        info.nTvWallId = IntFieldAs<uint32_t>(env, jo, cls, "nTvWallId");
+        info.nCount = IntFieldAs<uint32_t>(env, jo, cls, "nCount");
     }
     static void Write(JNIEnv* env, jobject jo, jclass cls, const Record& screen) {
         CJniKits::SetStuIntField(env, jo, cls, "nScreenId", static_cast<int>(screen.nScreenId));
@@ -143,7 +138,7 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1SetTvWallScreenWi
         [&](jclass cls, Info& info) {
             jobject jo = joWindowSourceInfo;
             ReadWallAndScreen(env, jo, cls, info);
-            info.nWindowId = UnsignedField(env, jo, cls, "nWindowId");
+            info.nWindowId = IntFieldAs<uint32_t>(env, jo, cls, "nWindowId");
             CJniKits::GetStuByteArrayField(env, jo, cls, "szCameraId", info.szCameraId);
             info.nStayTime =
                 static_cast<uint64_t>(CJniKits::GetStuLongField(env, jo, cls, "nStayTime"));
@@ -161,7 +156,7 @@ JNIEXPORT jint JNICALL Java_com_zq_OrvexCore_IOrvexCore_ORVEX_1CloseTvWallScreen
         [&](jclass cls, Info& info) {
             jobject jo = joCloseSourceInfo;
             ReadWallAndScreen(env, jo, cls, info);
-            info.nWindowId = UnsignedField(env, jo, cls, "nWindowId");
+            info.nWindowId = IntFieldAs<uint32_t>(env, jo, cls, "nWindowId");
         },
         [&](Info* pInfo) {
             return ORVEX_CloseTvWallScreenWindowSource(jiHandle, pInfo, jiTimeout);

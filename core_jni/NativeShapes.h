@@ -46,6 +46,14 @@ inline LocalClass FindValueClass(JNIEnv* env, const char* path) {
     return LocalClass(env, env->FindClass(path));
 }
 
+// A Java int field taken as a C member of another 32-bit integer type (unsigned, or the
+// library's enumeration), bits unchanged and unchecked: the library defines the values.
+template <typename T>
+T IntFieldAs(JNIEnv* env, jobject valueObject, jclass cls, const char* fieldName) {
+    static_assert(sizeof(T) == sizeof(jint), "a 32-bit member");
+    return static_cast<T>(CJniKits::GetStuIntField(env, valueObject, cls, fieldName));
+}
+
 // A C structure filled with zero bytes over its full size.
 template <typename T>
 T Zeroed() {

@@ -18,10 +18,9 @@ void ReadAlarmQuery(JNIEnv* env, jclass clsQuery, jobject joQuery, Alarm_Query_I
 void ReadAlarmScheme(JNIEnv* env, jclass clsScheme, jobject joScheme, AlarmSchemeInfo_t& scheme) {
     scheme.status = static_cast<orvex_alarmScheme_status_e>(
         CJniKits::GetStuIntField(env, joScheme, clsScheme, "status"));
-    scheme.id = static_cast<uint32_t>(CJniKits::GetStuIntField(env, joScheme, clsScheme, "id"));
+    scheme.id = IntFieldAs<uint32_t>(env, joScheme, clsScheme, "id");
     CJniKits::GetStuByteArrayField(env, joScheme, clsScheme, "schemeName", scheme.schemeName);
-    scheme.templateId =
-        static_cast<uint32_t>(CJniKits::GetStuIntField(env, joScheme, clsScheme, "templateId"));
+    scheme.templateId = IntFieldAs<uint32_t>(env, joScheme, clsScheme, "templateId");
     CJniKits::GetStuByteArrayField(env, joScheme, clsScheme, "desc", scheme.desc);
 }
 

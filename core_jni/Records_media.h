@@ -19,13 +19,6 @@ void ReadRecordStreamTimeInfo(JNIEnv* env, jobject jbRecordInfo, jclass cls,
 void ReadQueryRecordInfo(JNIEnv* env, jobject jbQueryRecordInfo, jclass cls,
                          Query_Record_Info_t& info);
 
-// An integer field taken as the library's enumeration of the same width, unchecked: the
-// library defines which values mean what.
-template <typename Enum>
-Enum GetEnumField(JNIEnv* env, jobject valueObject, jclass cls, const char* fieldName) {
-    return static_cast<Enum>(CJniKits::GetStuIntField(env, valueObject, cls, fieldName));
-}
-
 // A Java long stored with its bit pattern in an unsigned 64-bit time member.
 inline uint64_t GetTimeField(JNIEnv* env, jobject valueObject, jclass cls, const char* fieldName) {
     return static_cast<uint64_t>(CJniKits::GetStuLongField(env, valueObject, cls, fieldName));
