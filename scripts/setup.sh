@@ -16,6 +16,11 @@ command -v nm >/dev/null 2>&1 || need+=(binutils)
 have_jdk17 || need+=(openjdk-17-jdk-headless)
 [ -f /usr/share/java/junit-platform-console-standalone.jar ] || need+=(junit5)
 [ -f /usr/include/gtest/gtest.h ] || need+=(libgtest-dev)
+[ -f /usr/include/benchmark/benchmark.h ] || need+=(libbenchmark-dev)
+[ -f /usr/include/nlohmann/json.hpp ] || need+=(nlohmann-json3-dev)
+[ -f /usr/include/turbojpeg.h ] || need+=(libturbojpeg0-dev)
+[ -f /usr/share/java/jna.jar ] || need+=(libjna-java)
+[ -f /usr/share/java/picocli.jar ] || need+=(libpicocli-java)
 
 if [ ${#need[@]} -gt 0 ]; then
     if [ "$(id -u)" -ne 0 ]; then
