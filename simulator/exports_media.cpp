@@ -225,7 +225,7 @@ int32_t ORVEX_GetSdkAudioCallbackInfo(int32_t nHandle, void** pFun, void** pUser
         .scalar("nHandle", nHandle)
         .out("pFun", pFun)
         .out("pUserParam", pUserParam)
-        .finish([&] {
+        .finishAlways([&] {
             if (pFun != nullptr) {
                 *pFun = Address(AudioEntryPoint);
             }

@@ -1,6 +1,8 @@
 #include "sim_core.h"
 
 #include <algorithm>
+#include <atomic>
+#include <cstdlib>
 #include <cstring>
 #include <deque>
 #include <map>
@@ -83,6 +85,14 @@ CallRecord& CallRecord::out(const char* name, void* p, std::size_t n) {
 }
 
 int32_t CallRecord::finish(const std::function<int32_t()>& platform) {
+    return finishWith(mode() == Mode::Platform ? platform : nullptr);
+}
+
+int32_t CallRecord::finishAlways(const std::function<int32_t()>& answer) {
+    return finishWith(answer);
+}
+
+int32_t CallRecord::finishWith(const std::function<int32_t()>& unscripted) {
     Reply reply;
     bool scripted = false;
     {
@@ -96,7 +106,7 @@ int32_t CallRecord::finish(const std::function<int32_t()>& platform) {
         }
     }
     if (!scripted) {
-        return platform ? platform() : 0;
+        return unscripted ? unscripted() : 0;
     }
     for (const Write& w : reply.writes) {
         auto t = std::find_if(targets_.begin(), targets_.end(),
@@ -319,4 +329,30 @@ void declareCapacity(const std::string& fn, const std::string& target, std::size
 }
 
 }  // namespace control
+}  // namespace orvexsim
+
+namespace orvexsim {
+namespace {
+
+Mode InitialMode() {
+    const char* chosen = std::getenv("ORVEX_SIM_MODE");
+    return chosen != nullptr && std::strcmp(chosen, "scripted") == 0 ? Mode::ScriptedOnly
+                                                                     : Mode::Platform;
+}
+
+std::atomic<Mode>& CurrentMode() {
+    static std::atomic<Mode> current{InitialMode()};
+    return current;
+}
+
+}  // namespace
+
+void setMode(Mode m) {
+    CurrentMode().store(m);
+}
+
+Mode mode() {
+    return CurrentMode().load();
+}
+
 }  // namespace orvexsim

@@ -78,8 +78,12 @@ class ORVEXSIM_API CallRecord {
     // Logs the call and produces its result: the next scripted reply for this function if any,
     // else `platform` (the simulated platform's own answer), else 0 with outputs untouched.
     int32_t finish(const std::function<int32_t()>& platform = nullptr);
+    // As finish(), but `answer` stands in for an unscripted call in every mode: for answers the
+    // stand-in must give even to tests that script nothing.
+    int32_t finishAlways(const std::function<int32_t()>& answer);
 
   private:
+    int32_t finishWith(const std::function<int32_t()>& unscripted);
     struct Target {
         std::string name;
         void* p;
@@ -158,5 +162,19 @@ namespace orvexsim {
 // buffer, the disk list), for the next call of `fn`: recorded and offered to scripted writes as
 // an output of that many bytes. 0 when nothing was declared. Each declaration serves one call.
 ORVEXSIM_API std::size_t takeDeclaredCapacity(const char* fn, const char* target);
+
+}  // namespace orvexsim
+
+namespace orvexsim {
+
+// Who answers a call that no test scripted.
+//   Platform: the simulated platform (the default, so that a program gets a working site);
+//   ScriptedOnly: nobody: the call returns 0 and leaves its outputs as they are, so that a test
+//   sees exactly what it scripted. The environment variable ORVEX_SIM_MODE=scripted selects it
+//   at load; the test control library selects it when it is loaded.
+// Scripted replies always come first and every call is recorded in both modes.
+enum class Mode { Platform, ScriptedOnly };
+ORVEXSIM_API void setMode(Mode mode);
+ORVEXSIM_API Mode mode();
 
 }  // namespace orvexsim

@@ -73,6 +73,17 @@ std::vector<Value> ToValues(JNIEnv* env, jobjectArray args) {
 
 extern "C" {
 
+// A test that loads the control library scripts what it needs; the simulated platform answers
+// only when the test asks for it (SimControl.usePlatform).
+JNIEXPORT jint JNICALL JNI_OnLoad(JavaVM*, void*) {
+    orvexsim::setMode(orvexsim::Mode::ScriptedOnly);
+    return JNI_VERSION_1_8;
+}
+
+JNIEXPORT void JNICALL Java_simctl_SimControl_usePlatform(JNIEnv*, jclass, jboolean on) {
+    orvexsim::setMode(on ? orvexsim::Mode::Platform : orvexsim::Mode::ScriptedOnly);
+}
+
 JNIEXPORT void JNICALL Java_simctl_SimControl_reset(JNIEnv*, jclass) {
     orvexsim::control::reset();
 }

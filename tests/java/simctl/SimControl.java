@@ -86,4 +86,11 @@ public final class SimControl {
      * exceed what the bridge really allocates there.
      */
     public static native void declareCapacity(String fn, String target, int bytes);
+
+    /**
+     * Whether calls that no test scripted are answered by the simulated platform (true) or return
+     * 0 with their outputs untouched (false, the default once this class is loaded). Scripted
+     * replies come first and every call is recorded either way.
+     */
+    public static native void usePlatform(boolean on);
 }
