@@ -9,6 +9,7 @@ namespace {
 struct Installed {
     std::mutex mu;
     SiteView view;
+    std::vector<InstanceEndedHook> endedHooks;
 };
 
 // Never destroyed: stream threads may still ask while the process exits.
@@ -39,6 +40,23 @@ SiteView CurrentSiteView() {
         };
     }
     return view;
+}
+
+void OnInstanceEnded(InstanceEndedHook hook) {
+    std::lock_guard<std::mutex> lock(TheView().mu);
+    TheView().endedHooks.push_back(std::move(hook));
+}
+
+void NotifyInstanceEnded(int32_t handle) {
+    std::vector<InstanceEndedHook> hooks;
+    {
+        std::lock_guard<std::mutex> lock(TheView().mu);
+        hooks = TheView().endedHooks;
+    }
+    // Called without the lock: a hook may join threads that read the view.
+    for (const InstanceEndedHook& hook : hooks) {
+        hook(handle);
+    }
 }
 
 }  // namespace orvexsim::platform

@@ -42,4 +42,11 @@ struct SiteView {
 void InstallSiteView(SiteView view);
 SiteView CurrentSiteView();
 
+// Whatever an instance owns outside the site model (streams, talk sessions) must end with it.
+// The media engine subscribes once; the site model notifies when an instance logs out or is
+// destroyed, on the caller's thread, and returns only after every subscriber has returned.
+using InstanceEndedHook = std::function<void(int32_t handle)>;
+void OnInstanceEnded(InstanceEndedHook hook);
+void NotifyInstanceEnded(int32_t handle);
+
 }  // namespace orvexsim::platform
