@@ -56,6 +56,19 @@ int32_t SeqCall(const char* fn, const char* seqName, int32_t nHandle, int32_t nS
         .finish(platform);
 }
 
+// Tells the instance's talk parameter listener, if any, what the session carries: A-law of
+// 16-bit samples at 8 kHz, whatever coding the request asked for.
+std::function<void()> AnnounceTalk(int32_t nHandle, int32_t talkType, int32_t transType) {
+    return [=] {
+        orvexsim::Registration reg;
+        if (orvexsim::lookup(orvexsim::CbKind::TalkParam, nHandle, 0, &reg)) {
+            reinterpret_cast<pfnORVEXTalkParamCallback>(reg.fn)(
+                nHandle, talkType, Talk_Coding_G711a, Talk_Audio_Bits_16, Talk_Audio_Sam_8K,
+                transType, reg.user);
+        }
+    };
+}
+
 // The close-by-camera calls: handle, camera identifier, time-out.
 int32_t CameraCall(const char* fn, StreamKind kind, int32_t nHandle, const char* szCameraId,
                    int32_t nTimeout) {
@@ -306,8 +319,9 @@ int32_t ORVEX_GetTalkStream(int32_t nHandle, int32_t* pnTalkSeq, Get_TalkStream_
                             pfnMediaDataCallback pfnCallback, void* pUserParam, int32_t nTimeout) {
     return OpenStream("ORVEX_GetTalkStream", nHandle, "pnTalkSeq", pnTalkSeq, pInfo, pfnCallback,
                       pUserParam, nTimeout, WithInfo(pInfo, [=](const Get_TalkStream_Info_t& info) {
-                          return platform::OpenTalkStream(nHandle, FixedText(info.szCameraId),
-                                                          {pfnCallback, pUserParam}, pnTalkSeq);
+                          return platform::OpenTalkStream(
+                              nHandle, FixedText(info.szCameraId), {pfnCallback, pUserParam},
+                              pnTalkSeq, AnnounceTalk(nHandle, info.nTalkType, info.nTransType));
                       }));
 }
 

@@ -37,6 +37,7 @@ struct Stream {
     bool video = true;
     bool audio = false;
     bool preview = false;
+    std::function<void()> announce;  // talk: run once before the first block
 
     std::mutex mu;
     std::condition_variable wake;
@@ -125,6 +126,9 @@ class Producer {
   private:
     void tick() {
         if (s_->kind == StreamKind::Talk) {
+            if (s_->announce) {
+                std::exchange(s_->announce, nullptr)();
+            }
             deliverSound(kTalkBlockSamples);
             return;
         }
@@ -320,7 +324,8 @@ int32_t OpenPlaybackStream(int32_t handle, const PlaybackRequest& request, Media
     return Start(std::move(s), seq);
 }
 
-int32_t OpenTalkStream(int32_t handle, const std::string& cameraId, MediaSink sink, int32_t* seq) {
+int32_t OpenTalkStream(int32_t handle, const std::string& cameraId, MediaSink sink, int32_t* seq,
+                       std::function<void()> announce) {
     CameraLook look;
     if (const int32_t rc = CheckCamera(handle, cameraId, &look); rc != 0) {
         return rc;
@@ -331,7 +336,9 @@ int32_t OpenTalkStream(int32_t handle, const std::string& cameraId, MediaSink si
     if (seq == nullptr || sink.fn == nullptr) {
         return ORVEX_CORE_ERROR_INVALID_PARAM;
     }
-    return Start(NewStream(StreamKind::Talk, handle, cameraId, sink), seq);
+    auto s = NewStream(StreamKind::Talk, handle, cameraId, sink);
+    s->announce = std::move(announce);
+    return Start(std::move(s), seq);
 }
 
 int32_t PausePlayback(int32_t handle, int32_t seq) {

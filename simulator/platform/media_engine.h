@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "ORVEX_Core.h"
@@ -52,7 +53,10 @@ struct PlaybackRequest {
 int32_t OpenLiveStream(int32_t handle, const LiveRequest& request, MediaSink sink, int32_t* seq);
 int32_t OpenPlaybackStream(int32_t handle, const PlaybackRequest& request, MediaSink sink,
                            int32_t* seq);
-int32_t OpenTalkStream(int32_t handle, const std::string& cameraId, MediaSink sink, int32_t* seq);
+// A talk session's thread runs `announce` (if any) once, before its first block: where the
+// platform tells the client the audio parameters of the session.
+int32_t OpenTalkStream(int32_t handle, const std::string& cameraId, MediaSink sink, int32_t* seq,
+                       std::function<void()> announce = nullptr);
 
 // Playback control; SEQ_NOT_FOUND unless `seq` is an open playback stream of `handle`.
 // Speeds are orvex_playback_speed_e values (8 is normal); seek positions are record times,

@@ -18,11 +18,13 @@
 #include <vector>
 
 #include "Alaw_encoder.h"
+#include "ORVEX_Core.h"
 #include "ORVEX_Core_Error.h"
 #include "platform/media_engine.h"
 #include "platform/media_picture.h"
 #include "platform/media_records.h"
 #include "platform/site_view.h"
+#include "sim_control.h"
 
 namespace {
 
@@ -521,8 +523,19 @@ TEST_F(MediaEngine, RecordSearchFiltersKeepsAndPages) {
 TEST_F(MediaEngine, TalkDeliversTheToneAsFramedALaw) {
     Collector c;
     int32_t seq = 0;
-    ASSERT_EQ(0, OpenTalkStream(kHandle, "cam-2", c.sink(), &seq));
+    std::atomic<int> announced{0};
+    std::atomic<bool> announcedFirst{false};
+    std::atomic<bool> announcedHere{false};
+    const auto caller = std::this_thread::get_id();
+    ASSERT_EQ(0, OpenTalkStream(kHandle, "cam-2", c.sink(), &seq, [&] {
+                  announcedFirst = c.count() == 0;
+                  announcedHere = std::this_thread::get_id() == caller;
+                  ++announced;
+              }));
     const auto blocks = c.await(5, ORVEX_CORE_MEDIATYPE_AUDIO);
+    EXPECT_EQ(1, announced.load());
+    EXPECT_TRUE(announcedFirst.load());
+    EXPECT_FALSE(announcedHere.load());
     std::vector<int16_t> pcm;
     for (const Frame& f : blocks) {
         EXPECT_EQ(Talk_Coding_G711a, f.param);
@@ -644,6 +657,102 @@ TEST_F(MediaEngine, ManyThreadsOpenAndCloseWhileFramesFlow) {
     }
     EXPECT_EQ(0, failures.load());
     EXPECT_EQ(0u, OpenStreamCount());
+}
+
+// ---- the stand-in's exports answer from its own engine, which has no site here ----------
+
+int32_t Ignore(int32_t, int32_t, int32_t, const char*, int32_t, char*, int32_t, void*) {
+    return 0;
+}
+
+class MediaExports : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        orvexsim::control::reset();
+        orvexsim::setMode(orvexsim::Mode::Platform);
+    }
+    void TearDown() override { orvexsim::control::reset(); }
+};
+
+TEST_F(MediaExports, EveryMediaFunctionIsAnsweredByTheEngine) {
+    constexpr int32_t h = 5;
+    int32_t seq = -7;
+    Get_RealStream_Info_t real{};
+    std::strcpy(real.szCameraId, "cam-1");
+    Get_ExternalRealStreamUrl_Info_t url{};
+    Query_Record_Info_t query{};
+    Record_Info_t records{};
+    Get_RecordStream_File_Info_t file{};
+    Get_RecordStream_Time_Info_t span{};
+    Get_TalkStream_Info_t talk{};
+    int32_t count = 0;
+    struct Case {
+        const char* fn;
+        int32_t expected;
+        std::function<int32_t()> call;
+    };
+    const int32_t notLoggedIn = ORVEX_CORE_ERROR_NOT_LOGGED_IN;
+    const int32_t noSeq = ORVEX_CORE_ERROR_SEQ_NOT_FOUND;
+    const Case cases[] = {
+        {"GetRealStream", notLoggedIn,
+         [&] { return ORVEX_GetRealStream(h, &seq, &real, Ignore, nullptr, 0); }},
+        {"GetRealStream without info", ORVEX_CORE_ERROR_INVALID_PARAM,
+         [&] { return ORVEX_GetRealStream(h, &seq, nullptr, Ignore, nullptr, 0); }},
+        {"GetRealStreamPreview", notLoggedIn,
+         [&] { return ORVEX_GetRealStreamPreview(h, &seq, &real, 2, Ignore, nullptr, 0); }},
+        {"GetExternalRealStreamUrl", notLoggedIn,
+         [&] { return ORVEX_GetExternalRealStreamUrl(h, &url, 0); }},
+        {"CloseRealStreamBySeq", noSeq, [&] { return ORVEX_CloseRealStreamBySeq(h, 1, 0); }},
+        {"QueryRecord", notLoggedIn, [&] { return ORVEX_QueryRecord(h, &query, &count, 0); }},
+        {"QueryRecordByStreamType", notLoggedIn,
+         [&] {
+             return ORVEX_QueryRecordByStreamType(h, &query, ORVEX_CORE_STREAMTYPE_SUB, &count, 0);
+         }},
+        {"GetRecordInfo", notLoggedIn, [&] { return ORVEX_GetRecordInfo(h, &records); }},
+        {"GetRecordStreamByFile", notLoggedIn,
+         [&] { return ORVEX_GetRecordStreamByFile(h, &seq, &file, Ignore, nullptr, 0); }},
+        {"GetRecordStreamByTime", notLoggedIn,
+         [&] { return ORVEX_GetRecordStreamByTime(h, &seq, &span, Ignore, nullptr, 0); }},
+        {"GetRecordStreamByStreamType", notLoggedIn,
+         [&] {
+             return ORVEX_GetRecordStreamByStreamType(h, &seq, &span, ORVEX_CORE_STREAMTYPE_MAIN,
+                                                      Ignore, nullptr, 0, 1, 0);
+         }},
+        {"PauseRecordStreamBySeq", noSeq, [&] { return ORVEX_PauseRecordStreamBySeq(h, 1, 0); }},
+        {"ResumeRecordStreamBySeq", noSeq, [&] { return ORVEX_ResumeRecordStreamBySeq(h, 1, 0); }},
+        {"SetRecordStreamSpeed", noSeq,
+         [&] { return ORVEX_SetRecordStreamSpeed(h, 1, ORVEX_CORE_PB_FAST2, 0); }},
+        {"SeekRecordStreamBySeq", noSeq,
+         [&] { return ORVEX_SeekRecordStreamBySeq(h, 1, 10, 20, 0); }},
+        {"CloseRecordStreamBySeq", noSeq, [&] { return ORVEX_CloseRecordStreamBySeq(h, 1, 0); }},
+        {"CloseRecordStreamByCameraId", noSeq,
+         [&] { return ORVEX_CloseRecordStreamByCameraId(h, "cam-1", 0); }},
+        {"GetTalkStream", notLoggedIn,
+         [&] { return ORVEX_GetTalkStream(h, &seq, &talk, Ignore, nullptr, 0); }},
+        {"CloseTalkStreamBySeq", noSeq, [&] { return ORVEX_CloseTalkStreamBySeq(h, 1, 0); }},
+        {"CloseTalkStreamByCameralId", noSeq,
+         [&] { return ORVEX_CloseTalkStreamByCameralId(h, "cam-1", 0); }},
+        {"StartBroadcast", notLoggedIn,
+         [&] { return ORVEX_StartBroadcast(h, &seq, "{}", nullptr, nullptr, 0); }},
+        {"CloseBroadcastStream", noSeq, [&] { return ORVEX_CloseBroadcastStream(h, "{}", 1, 0); }},
+    };
+    for (const Case& k : cases) {
+        EXPECT_EQ(k.expected, k.call()) << k.fn;
+    }
+    EXPECT_EQ(-7, seq);
+    EXPECT_EQ(0, url.szUrl[0]);
+    EXPECT_EQ(std::size(cases), orvexsim::control::calls().size());
+}
+
+TEST_F(MediaExports, AScriptedReplyStillComesFirst) {
+    orvexsim::Reply reply;
+    reply.writes.push_back({"pnRealSeq", 0, {42, 0, 0, 0}});
+    orvexsim::control::script("ORVEX_GetRealStream", reply);
+    Get_RealStream_Info_t real{};
+    int32_t seq = 0;
+    EXPECT_EQ(0, ORVEX_GetRealStream(5, &seq, &real, Ignore, nullptr, 0));
+    EXPECT_EQ(42, seq);
+    EXPECT_TRUE(orvexsim::control::errors().empty());
 }
 
 }  // namespace
