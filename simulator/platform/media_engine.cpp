@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -192,9 +193,14 @@ int32_t Start(std::shared_ptr<Stream> s, int32_t* seq) {
     Registry& r = TheRegistry();
     std::lock_guard<std::mutex> lock(r.mu);
     s->seq = NextSeq(r);
+    try {
+        s->thread = std::thread([s] { Producer(s).run(); });
+    } catch (const std::system_error&) {
+        // Out of threads: refuse the stream rather than let the error cross the C interface.
+        return ORVEX_CORE_ERROR_GET_MEMORY_FAIL;
+    }
     r.streams[s->seq] = s;
     *seq = s->seq;
-    s->thread = std::thread([s] { Producer(s).run(); });
     return ORVEX_RET_SUCCESS;
 }
 
