@@ -8,6 +8,7 @@
 #include "ORVEX_Core_Error.h"
 #include "platform/media_engine.h"
 #include "platform/media_records.h"
+#include "sim_control.h"
 #include "sim_core.h"
 #include "sim_exports.h"
 
@@ -113,6 +114,11 @@ void AudioEntryPoint(unsigned char* pFrame, unsigned int nFrameLen, long nUserPa
 AudioUserParam_t g_audioUserParam = {nullptr};
 
 }  // namespace
+
+orvexsim::control::TalkCounts orvexsim::control::talkReceived() {
+    const platform::TalkReception r = platform::TalkReceived();
+    return {r.accepted, r.rejected, r.samples, r.peak};
+}
 
 extern "C" {
 

@@ -6,16 +6,20 @@ import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import com.zq.OrvexCore.Audio_Fun_Info_t;
 import com.zq.OrvexCore.Get_RealStream_Info_t;
+import com.zq.OrvexCore.Get_TalkStream_Info_t;
 import com.zq.OrvexCore.IOrvexCore;
 import com.zq.OrvexCore.Login_Info_t;
 import com.zq.OrvexCore.MediaDataCallback;
 import com.zq.OrvexCore.Return_Value_Info_t;
+import com.zq.OrvexCore.Send_Audio_Data_Info_t;
 import java.awt.image.BufferedImage;
 import java.io.ByteArrayInputStream;
 import java.io.IOException;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.List;
 import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.TimeUnit;
@@ -26,9 +30,9 @@ import org.junit.jupiter.api.Test;
 import simctl.SimControl;
 
 /**
- * A live stream of the simulated platform, end to end through the bridge: logged in to the
- * built-in site, a Java listener receives JPEG pictures of the camera on library threads, and
- * nothing more once the close returned.
+ * Media of the simulated platform, end to end through the bridge, logged in to the built-in
+ * site: a Java listener receives JPEG pictures of a camera on library threads and nothing more
+ * once the close returned; a talk session sends the device's audio and takes Java's.
  */
 class MediaPlatformTest {
     static final String CAMERA = "nvr-north-01-cam01";
@@ -36,17 +40,24 @@ class MediaPlatformTest {
 
     int handle;
 
-    /** Every frame a stream delivered, with the thread it came on. */
+    /** Every frame of one media type and parameter a stream delivered, with its thread. */
     static final class Frames implements MediaDataCallback {
+        final int mediaType;
+        final int param;
         final List<byte[]> data = new ArrayList<>();
         final List<String> threads = new ArrayList<>();
         final List<String> nodes = new ArrayList<>();
         final CountDownLatch three = new CountDownLatch(3);
 
+        Frames(int mediaType, int param) {
+            this.mediaType = mediaType;
+            this.param = param;
+        }
+
         @Override
         public void invoke(int nPDLLHandle, int nSeq, int nMediaType, byte[] szNodeId,
                 int nParamVal, byte[] szData, int nDataLen) {
-            if (nMediaType != 1 || nParamVal != 3) {
+            if (nMediaType != mediaType || nParamVal != param) {
                 return;
             }
             synchronized (this) {
@@ -94,7 +105,7 @@ class MediaPlatformTest {
 
     @Test
     void liveFramesArePicturesOfTheCameraUntilClosed() throws Exception {
-        Frames frames = new Frames();
+        Frames frames = new Frames(1, 3); // video, JPEG
         Get_RealStream_Info_t request = new Get_RealStream_Info_t();
         request.szCameraId = fixed(CAMERA, 64);
         request.nStreamType = 1;
@@ -126,6 +137,54 @@ class MediaPlatformTest {
         assertEquals(atClose, frames.count(), "no frame after the close returned");
         assertEquals(1013,
                 IOrvexCore.ORVEX_CloseRealStreamBySeq(handle, seq.nReturnValue, TIMEOUT));
+    }
+
+    @Test
+    void talkSendsTheDevicesSoundAndTakesJavas() throws Exception {
+        Frames sound = new Frames(2, 2); // audio, G.711 A-law
+        Get_TalkStream_Info_t request = new Get_TalkStream_Info_t();
+        request.szCameraId = fixed(CAMERA, 64);
+        request.nAudioType = 2;
+        request.nTalkType = 2;
+        request.nBitsType = 16;
+        request.nSampleType = 8000;
+        Return_Value_Info_t seq = new Return_Value_Info_t();
+        assertEquals(0, IOrvexCore.ORVEX_GetTalkStream(handle, seq, request, sound, TIMEOUT));
+        assertTrue(sound.three.await(5, TimeUnit.SECONDS), "three audio blocks within 5 s");
+        byte[] block;
+        synchronized (sound) {
+            block = sound.data.get(0);
+        }
+        assertEquals(8 + 320, block.length);
+        assertArrayEquals(new byte[] {0, 0, 1, (byte) 0xF0, 0x0E, 2, 0x40, 0x01},
+                Arrays.copyOf(block, 8));
+
+        Audio_Fun_Info_t entry = new Audio_Fun_Info_t();
+        assertEquals(0, IOrvexCore.ORVEX_GetSdkAudioCallbackInfo(handle, entry));
+        byte[] pcm = sine(320, 500, 10000);
+        long[] before = SimControl.talkReceived();
+        assertEquals(0, IOrvexCore.ORVEX_SendAudioData(handle,
+                new Send_Audio_Data_Info_t(entry, pcm)));
+        long[] after = SimControl.talkReceived();
+        assertEquals(before[0] + 1, after[0], "accepted");
+        assertEquals(before[2] + 320, after[2], "samples");
+        assertTrue(Math.abs(after[3] - 10000) < 500, "peak " + after[3]);
+
+        assertEquals(0, IOrvexCore.ORVEX_CloseTalkStreamBySeq(handle, seq.nReturnValue, TIMEOUT));
+        assertEquals(0, IOrvexCore.ORVEX_SendAudioData(handle,
+                new Send_Audio_Data_Info_t(entry, pcm)));
+        assertEquals(after[1] + 1, SimControl.talkReceived()[1], "rejected without a session");
+    }
+
+    /** Little-endian 16-bit samples of a sine at 8 kHz. */
+    static byte[] sine(int samples, int hz, int amplitude) {
+        byte[] out = new byte[samples * 2];
+        for (int i = 0; i < samples; i++) {
+            int v = (int) Math.round(amplitude * Math.sin(2 * Math.PI * hz * i / 8000.0));
+            out[2 * i] = (byte) v;
+            out[2 * i + 1] = (byte) (v >> 8);
+        }
+        return out;
     }
 
     static BufferedImage decode(byte[] jpeg) throws IOException {
