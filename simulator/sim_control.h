@@ -2,6 +2,7 @@
 // callback firing. Reached from Java through a test-only JNI library, never through the bridge.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -45,5 +46,18 @@ namespace orvexsim::control {
 // allocates. Forgotten by reset().
 ORVEXSIM_API void declareCapacity(const std::string& fn, const std::string& target,
                                   std::size_t bytes);
+
+}  // namespace orvexsim::control
+
+namespace orvexsim::control {
+
+// What the simulated platform's talk entry point has received since the process started.
+struct TalkCounts {
+    uint64_t accepted = 0;  // well-formed blocks while a talk session was open
+    uint64_t rejected = 0;  // blocks with a bad header, or sent with no talk session open
+    uint64_t samples = 0;   // samples decoded from accepted blocks
+    int32_t peak = 0;       // largest magnitude among them
+};
+ORVEXSIM_API TalkCounts talkReceived();
 
 }  // namespace orvexsim::control

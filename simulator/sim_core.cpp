@@ -173,8 +173,9 @@ int32_t registerCallback(const char* fn, CbKind kind, int32_t handle, void* pfn,
     return result;
 }
 
-int32_t openStream(CallRecord& call, int32_t handle, const int32_t* pSeq, void* pfn, void* user) {
-    const int32_t result = call.finish();
+int32_t openStream(CallRecord& call, int32_t handle, const int32_t* pSeq, void* pfn, void* user,
+                   const std::function<int32_t()>& platform) {
+    const int32_t result = call.finish(platform);
     if (result == 0 && pSeq != nullptr) {
         setStream(handle, *pSeq, pfn, user);
     }

@@ -149,10 +149,11 @@ const KindSpec& kindSpec(CbKind kind);
 // does: a null function pointer switches the kind off for the instance.
 ORVEXSIM_API int32_t registerCallback(const char* fn, CbKind kind, int32_t handle, void* pfn,
                                       void* user);
-// Finishes a stream request and, when it succeeds, keeps the media callback for the stream
-// whose sequence number the request wrote.
+// Finishes a stream request (`platform` answering it unless scripted, as for finish()) and,
+// when it succeeds, keeps the media callback for the stream whose sequence number the request
+// wrote.
 ORVEXSIM_API int32_t openStream(CallRecord& call, int32_t handle, const int32_t* pSeq, void* pfn,
-                                void* user);
+                                void* user, const std::function<int32_t()>& platform = nullptr);
 
 }  // namespace orvexsim
 

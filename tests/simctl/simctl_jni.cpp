@@ -84,6 +84,15 @@ JNIEXPORT void JNICALL Java_simctl_SimControl_usePlatform(JNIEnv*, jclass, jbool
     orvexsim::setMode(on ? orvexsim::Mode::Platform : orvexsim::Mode::ScriptedOnly);
 }
 
+JNIEXPORT jlongArray JNICALL Java_simctl_SimControl_talkReceived(JNIEnv* env, jclass) {
+    const orvexsim::control::TalkCounts t = orvexsim::control::talkReceived();
+    const jlong values[4] = {static_cast<jlong>(t.accepted), static_cast<jlong>(t.rejected),
+                             static_cast<jlong>(t.samples), t.peak};
+    jlongArray out = env->NewLongArray(4);
+    env->SetLongArrayRegion(out, 0, 4, values);
+    return out;
+}
+
 JNIEXPORT void JNICALL Java_simctl_SimControl_reset(JNIEnv*, jclass) {
     orvexsim::control::reset();
 }

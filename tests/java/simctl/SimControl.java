@@ -93,4 +93,11 @@ public final class SimControl {
      * replies come first and every call is recorded either way.
      */
     public static native void usePlatform(boolean on);
+
+    /**
+     * What the simulated platform's talk entry point has received in this process: blocks
+     * accepted, blocks rejected (bad header, or no talk session open), samples decoded from the
+     * accepted ones, and their peak magnitude. Not cleared by {@link #reset}.
+     */
+    public static native long[] talkReceived();
 }
