@@ -6,6 +6,7 @@ import com.zq.OrvexCore.IOrvexCore;
 import java.io.ByteArrayOutputStream;
 import java.io.InputStream;
 import java.nio.charset.StandardCharsets;
+import java.util.ArrayList;
 import java.util.List;
 import java.util.concurrent.TimeUnit;
 
@@ -16,11 +17,26 @@ import java.util.concurrent.TimeUnit;
 final class ChildJvm {
     private ChildJvm() {}
 
+    /** How a child JVM ended: its exit code (non-zero after an abort) and standard output. */
+    record Result(int exitCode, String stdout) {}
+
     static String run(Class<?> main) throws Exception {
+        Result r = start(main);
+        assertEquals(0, r.exitCode(), r.stdout());
+        return r.stdout();
+    }
+
+    /**
+     * Runs {@code main} with {@code args} and returns however it ended, so that a caller can
+     * count an abort rather than stop at it.
+     */
+    static Result start(Class<?> main, String... args) throws Exception {
         String java = System.getProperty("java.home") + "/bin/java";
-        Process p = new ProcessBuilder(List.of(java, "-Xcheck:jni",
-                        property(IOrvexCore.LIBRARY_PROPERTY), property("orvex.simctl.library"),
-                        "-cp", System.getProperty("orvex.test.classpath"), main.getName()))
+        List<String> command = new ArrayList<>(List.of(java, "-Xcheck:jni",
+                property(IOrvexCore.LIBRARY_PROPERTY), property("orvex.simctl.library"),
+                "-cp", System.getProperty("orvex.test.classpath"), main.getName()));
+        command.addAll(List.of(args));
+        Process p = new ProcessBuilder(command)
                 .redirectError(ProcessBuilder.Redirect.INHERIT)
                 .start();
         ByteArrayOutputStream out = new ByteArrayOutputStream();
@@ -31,8 +47,7 @@ final class ChildJvm {
             p.destroyForcibly();
             throw new AssertionError(main.getName() + " did not finish");
         }
-        assertEquals(0, p.exitValue(), out.toString(StandardCharsets.UTF_8));
-        return out.toString(StandardCharsets.UTF_8);
+        return new Result(p.exitValue(), out.toString(StandardCharsets.UTF_8));
     }
 
     private static String property(String name) {
