@@ -8,6 +8,7 @@ import java.io.InputStream;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.Map;
 import java.util.concurrent.TimeUnit;
 
 /**
@@ -31,14 +32,26 @@ final class ChildJvm {
      * count an abort rather than stop at it.
      */
     static Result start(Class<?> main, String... args) throws Exception {
+        return start(main, List.of("-Xcheck:jni"), Map.of(), args);
+    }
+
+    /**
+     * As {@link #start(Class, String...)}, with {@code jvmOptions} in place of -Xcheck:jni and
+     * {@code environment} added to this JVM's environment.
+     */
+    static Result start(Class<?> main, List<String> jvmOptions, Map<String, String> environment,
+            String... args) throws Exception {
         String java = System.getProperty("java.home") + "/bin/java";
-        List<String> command = new ArrayList<>(List.of(java, "-Xcheck:jni",
-                property(IOrvexCore.LIBRARY_PROPERTY), property("orvex.simctl.library"),
-                "-cp", System.getProperty("orvex.test.classpath"), main.getName()));
+        List<String> command = new ArrayList<>(List.of(java));
+        command.addAll(jvmOptions);
+        command.addAll(List.of(property(IOrvexCore.LIBRARY_PROPERTY),
+                property("orvex.simctl.library"), "-cp", System.getProperty("orvex.test.classpath"),
+                main.getName()));
         command.addAll(List.of(args));
-        Process p = new ProcessBuilder(command)
-                .redirectError(ProcessBuilder.Redirect.INHERIT)
-                .start();
+        ProcessBuilder builder =
+                new ProcessBuilder(command).redirectError(ProcessBuilder.Redirect.INHERIT);
+        builder.environment().putAll(environment);
+        Process p = builder.start();
         ByteArrayOutputStream out = new ByteArrayOutputStream();
         try (InputStream in = p.getInputStream()) {
             in.transferTo(out);
