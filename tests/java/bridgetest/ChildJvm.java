@@ -19,7 +19,18 @@ final class ChildJvm {
     private ChildJvm() {}
 
     /** How a child JVM ended: its exit code (non-zero after an abort) and standard output. */
-    record Result(int exitCode, String stdout) {}
+    record Result(int exitCode, String stdout) {
+        /** The first report of -Xcheck:jni in the output (warning or fatal error), or null. */
+        String jniCheckReport() {
+            for (String report : List.of("WARNING in native method", "WARNING: JNI local refs",
+                         "FATAL ERROR in native method")) {
+                if (stdout.contains(report)) {
+                    return report;
+                }
+            }
+            return null;
+        }
+    }
 
     static String run(Class<?> main) throws Exception {
         Result r = start(main);

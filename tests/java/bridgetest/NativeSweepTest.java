@@ -121,12 +121,9 @@ class NativeSweepTest {
                         default -> lastStarted = m.group(2);
                     }
                 }
-                for (String warning : List.of("WARNING in native method",
-                             "WARNING: JNI local refs", "FATAL ERROR in native method")) {
-                    if (r.stdout().contains(warning)) {
-                        violations.add(family.getKey() + ": -Xcheck:jni reported \"" + warning
-                                + "\" (last call " + lastStarted + ")");
-                    }
+                if (r.jniCheckReport() != null) {
+                    violations.add(family.getKey() + ": -Xcheck:jni reported \""
+                            + r.jniCheckReport() + "\" (last call " + lastStarted + ")");
                 }
                 if (r.exitCode() == 0) {
                     break;
