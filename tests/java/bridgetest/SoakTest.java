@@ -30,18 +30,19 @@ import simctl.BridgeInternals;
 import simctl.SimControl;
 
 /**
- * Events of every kind from many stand-in threads at once, round after round, while a Java
- * thread replaces listeners, registers and removes them on a second instance and calls natives.
- * Every event must arrive exactly once, every library thread must be detached afterwards, and
- * native memory (VmRSS) and the Java heap must stay flat.
+ * Events of every kind from many stand-in threads at once, round after round, while one Java
+ * thread replaces listeners and registers and removes them on a second instance, and another
+ * calls natives. Every event must arrive exactly once, every library thread must be detached
+ * afterwards, and native memory (VmRSS) and the Java heap must stay flat.
  *
  * <p>The run lasts {@value #SECONDS_PROPERTY} seconds (default 3, as CI runs it; README says how
  * to run it for hours) in a JVM of its own. Memory is measured after a second of warm-up, in a
  * process with a fixed, pre-touched heap and two allocator arenas, so that VmRSS follows native
- * memory and stays within a few megabytes over millions of events. It may grow by a fixed slack
- * (JIT code, the listeners' global references the bridge keeps on purpose, the stand-in's
- * buffers) plus 8 bytes per event: a leak of a few hundred bytes per event fails a short run, one
- * of a few tens of bytes a run of some minutes, while a loaded machine does not.
+ * memory: over a minute it stays within a few megabytes, while a short run still sees up to
+ * some 20 MiB of JIT code and other warm-up. It may grow by a fixed slack for that (and for the
+ * listeners' global references the bridge keeps on purpose) plus 8 bytes per event: a leak of
+ * the 4000-byte media frame fails a short run, one of a few tens of bytes per event a run of
+ * some minutes.
  */
 class SoakTest {
     static final String SECONDS_PROPERTY = "orvex.soak.seconds";
@@ -51,8 +52,9 @@ class SoakTest {
     private static final int EVENTS_PER_THREAD = 500;
     private static final int PER_KIND = THREADS_PER_KIND * EVENTS_PER_THREAD;
     private static final long MB = 1 << 20;
+    private static final int MAX_PAYLOAD = 8192;
     private static final long WARM_UP_NANOS = 1_000_000_000L;
-    private static final long RSS_SLACK = 24 * MB;
+    private static final long RSS_SLACK = 48 * MB;
     private static final long RSS_PER_MILLION_EVENTS = 8 * MB;
     private static final long HEAP_SLACK = 16 * MB;
     private static final long HEAP_PER_MILLION_EVENTS = 4 * MB;
@@ -65,7 +67,7 @@ class SoakTest {
             Object[] listeners) {}
 
     private final ConcurrentLinkedQueue<String> faults = new ConcurrentLinkedQueue<>();
-    /** Churn passes: each replaces a listener, registers and removes one, and calls natives. */
+    /** Churn passes: replacing a listener and registering and removing one, or native calls. */
     private final AtomicLong churned = new AtomicLong();
 
     /** A fixed heap touched at start: VmRSS then moves with native memory only. */
@@ -158,23 +160,25 @@ class SoakTest {
     }
 
     /**
-     * The lightest event of each kind (bay records only when asked), numbered through an int
+     * The event of each kind (bay records only when asked) that carries the most bytes up to
+     * {@value #MAX_PAYLOAD}, so that a payload copy left behind shows, numbered through an int
      * argument that the listener receives unchanged.
      */
     private List<Stream> streams(boolean withBays) {
-        Map<String, Case> lightest = new LinkedHashMap<>();
+        Map<String, Case> chosen = new LinkedHashMap<>();
         for (Case c : CallbackCases.all()) {
-            if ((!withBays && CallbackCases.firesBayRecords(c)) || stampPositions(c) == null) {
+            if ((!withBays && CallbackCases.firesBayRecords(c)) || stampPositions(c) == null
+                    || payload(c) > MAX_PAYLOAD) {
                 continue;
             }
-            Case seen = lightest.get(c.kind());
-            if (seen == null || payload(c) < payload(seen)) {
-                lightest.put(c.kind(), c);
+            Case seen = chosen.get(c.kind());
+            if (seen == null || payload(c) > payload(seen)) {
+                chosen.put(c.kind(), c);
             }
         }
         List<Stream> out = new ArrayList<>();
-        require(lightest.size() == (withBays ? 16 : 15), "kinds under load: " + lightest.keySet());
-        for (Case c : lightest.values()) {
+        require(chosen.size() == (withBays ? 16 : 15), "kinds under load: " + chosen.keySet());
+        for (Case c : chosen.values()) {
             int[] stamp = stampPositions(c);
             AtomicIntegerArray seen = new AtomicIntegerArray(PER_KIND);
             // Two listeners that count into the same array, so that replacing one by the other
@@ -279,7 +283,9 @@ class SoakTest {
             register(s, HANDLE, s.listeners()[0]);
         }
         AtomicBoolean firing = new AtomicBoolean(true);
-        Thread churn = new Thread(() -> churn(streams, firing), "soak-churn");
+        List<Thread> churn = List.of(
+                new Thread(() -> churnListeners(streams, firing), "soak-listeners"),
+                new Thread(() -> churnNatives(streams, firing), "soak-natives"));
         List<Thread> fire = new ArrayList<>();
         for (Stream s : streams) {
             fire.add(new Thread(() -> {
@@ -290,13 +296,15 @@ class SoakTest {
                 }
             }, "soak-fire-" + s.c().kind()));
         }
-        churn.start();
+        churn.forEach(Thread::start);
         fire.forEach(Thread::start);
         for (Thread t : fire) {
             t.join();
         }
         firing.set(false);
-        churn.join();
+        for (Thread t : churn) {
+            t.join();
+        }
         for (Stream s : streams) {
             for (int i = 0; i < PER_KIND; i++) {
                 if (s.seen().get(i) != 1) {
@@ -311,27 +319,46 @@ class SoakTest {
 
     /**
      * While events flow: replace each kind's listener on the fired instance (by the other
-     * listener of the same count), register and remove it on a second instance, open a stream
-     * and query a channel. The listeners are made once, so that the heap measures the bridge.
+     * listener of the same count), register and remove it on a second instance. The listeners
+     * are made once, so that the heap measures the bridge.
      */
-    private void churn(List<Stream> streams, AtomicBoolean firing) {
-        Object media = streams.get(0).listeners()[0];
+    private void churnListeners(List<Stream> streams, AtomicBoolean firing) {
+        whileFiring(firing, n -> {
+            Stream s = streams.get((int) (n % streams.size()));
+            register(s, HANDLE, s.listeners()[(int) (n / streams.size() % 2)]);
+            register(s, OTHER_HANDLE, s.listeners()[1]);
+            register(s, OTHER_HANDLE, null);
+        });
+    }
+
+    /** While events flow: open a stream on the second instance with a listener, query a channel. */
+    private void churnNatives(List<Stream> streams, AtomicBoolean firing) {
+        Object media = null;
         for (Stream s : streams) {
             if (s.c().kind().equals("MediaDataCallback")) {
                 media = s.listeners()[0];
             }
         }
+        Object listener = media;
         Return_Value_Info_t holder = new Return_Value_Info_t();
         Get_RealStream_Info_t request = new Get_RealStream_Info_t();
         byte[] cameraId = CallbackCases.b("cam-1");
+        whileFiring(firing, n -> {
+            IOrvexCore.ORVEX_GetRealStream(OTHER_HANDLE, holder, request, listener, 1);
+            IOrvexCore.ORVEX_GetChannelStatus(OTHER_HANDLE, cameraId, holder);
+        });
+    }
+
+    private interface Pass {
+        void run(long n) throws Exception;
+    }
+
+    /** Runs passes a millisecond apart until the round's firing ends. */
+    private void whileFiring(AtomicBoolean firing, Pass pass) {
         try {
-            for (int n = 0; firing.get(); n++, churned.incrementAndGet()) {
-                Stream s = streams.get(n % streams.size());
-                register(s, HANDLE, s.listeners()[(n / streams.size()) % 2]);
-                register(s, OTHER_HANDLE, s.listeners()[1]);
-                register(s, OTHER_HANDLE, null);
-                IOrvexCore.ORVEX_GetRealStream(OTHER_HANDLE, holder, request, media, 1);
-                IOrvexCore.ORVEX_GetChannelStatus(OTHER_HANDLE, cameraId, holder);
+            for (long n = 0; firing.get(); n++) {
+                pass.run(n);
+                churned.incrementAndGet();
                 Thread.sleep(1);
             }
         } catch (Exception e) {
