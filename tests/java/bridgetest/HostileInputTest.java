@@ -76,10 +76,14 @@ class HostileInputTest {
         assertEquals(1009, LastResult.read());
     }
 
+    static Stream<Arguments> namedBadListeners() {
+        return badListeners().map(l -> Arguments.of(l.getClass().getSimpleName(), l));
+    }
+
     /** The same shapes handed to a native that takes a listener with its request. */
     @ParameterizedTest(name = "{0}")
-    @MethodSource("badListeners")
-    void listenerWithoutTheMediaInvokeIsRefusedByAStreamOpener(Object listener) {
+    @MethodSource("namedBadListeners")
+    void listenerWithoutTheMediaInvokeIsRefusedByAStreamOpener(String shape, Object listener) {
         Return_Value_Info_t holder = new Return_Value_Info_t();
         holder.nReturnValue = -5;
 
