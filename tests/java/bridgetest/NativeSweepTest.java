@@ -130,7 +130,8 @@ class NativeSweepTest {
                 }
                 aborts.add(family.getKey() + ": exit " + r.exitCode() + " during " + lastStarted);
                 int at = remaining.indexOf(lastStarted.split(" ")[0]);
-                remaining = remaining.subList(at + 1, remaining.size());
+                // A child that ended before its first call would end the same way again.
+                remaining = at < 0 ? List.of() : remaining.subList(at + 1, remaining.size());
             }
         }
         List<String> refused = covered.stream().filter(c -> c.endsWith("(refused)")).toList();
@@ -150,9 +151,9 @@ class NativeSweepTest {
      * Null pointers that natives hand the library by their defined behaviour for some input,
      * beyond those the well-formed call already passes.
      */
-    private static final Map<String, Set<String>> BY_DESIGN_NULLS = Map.of(
+    private static final Set<String> BY_DESIGN_NULLS = Set.of(
             // A channel count below 1 sends the subscription without a channel list.
-            "ORVEX_SubscribeBayCarInfo", Set.of("ORVEX_SubscribeBayCarInfo.pInfo.pEncChannelnfo"));
+            "ORVEX_SubscribeBayCarInfo.pInfo.pEncChannelnfo");
 
     /** What a bad argument is. */
     enum Kind { NULL, EMPTY, OVERSIZED, NEGATIVE }
@@ -273,8 +274,8 @@ class NativeSweepTest {
             }
             Set<String> nulls = o.nullPointers();
             nulls.removeAll(allowedNulls);
-            nulls.removeAll(BY_DESIGN_NULLS.getOrDefault(what.split(" ")[0], Set.of()));
-            if (v != null && v.listener()) {
+            nulls.removeAll(BY_DESIGN_NULLS);
+            if (v.listener()) {
                 // A null listener switches its kind off with null function and user pointers.
                 nulls.removeIf(n -> n.endsWith(".pfnCallback") || n.endsWith(".pUserParam"));
             }
