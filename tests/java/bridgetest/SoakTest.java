@@ -32,8 +32,8 @@ import simctl.SimControl;
 /**
  * Events of every kind from many stand-in threads at once, round after round, while one Java
  * thread replaces listeners and registers and removes them on a second instance, and another
- * calls natives. Every event must arrive exactly once, every library thread must be detached
- * afterwards, and native memory (VmRSS) and the Java heap must stay flat.
+ * calls natives. Every event must arrive exactly once with its byte arrays whole, every library
+ * thread must be detached afterwards, and native memory (VmRSS) and the Java heap must stay flat.
  *
  * <p>The run lasts {@value #SECONDS_PROPERTY} seconds (default 3, as CI runs it; README says how
  * to run it for hours) in a JVM of its own. Memory is measured after a second of warm-up, in a
@@ -236,7 +236,8 @@ class SoakTest {
                         switch (method.getName()) {
                             case "invoke" -> {
                                 int stamp = (Integer) args[stampJava];
-                                if (args.length != arity || stamp < 0 || stamp >= PER_KIND) {
+                                if (args.length != arity || stamp < 0 || stamp >= PER_KIND
+                                        || !textsIntact(c.expected(), args)) {
                                     faults.add(c.kind() + " event " + stamp);
                                 } else {
                                     seen.incrementAndGet(stamp);
@@ -257,6 +258,19 @@ class SoakTest {
         } catch (ClassNotFoundException e) {
             throw new AssertionError(e);
         }
+    }
+
+    /** Whether each byte[] argument arrived whole: its length and its last byte as fired. */
+    private static boolean textsIntact(Object[] expected, Object[] args) {
+        for (int i = 0; i < expected.length; i++) {
+            if (expected[i] instanceof byte[] want) {
+                if (!(args[i] instanceof byte[] got) || got.length != want.length
+                        || (want.length > 0 && got[got.length - 1] != want[want.length - 1])) {
+                    return false;
+                }
+            }
+        }
+        return true;
     }
 
     /** Registers {@code listener} for the stream's kind, by its setter or directly. */
