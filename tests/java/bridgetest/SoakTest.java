@@ -41,8 +41,8 @@ import simctl.SimControl;
  * memory: over a minute it stays within a few megabytes, while a short run still sees up to
  * some 20 MiB of JIT code and other warm-up. It may grow by a fixed slack for that (and for the
  * listeners' global references the bridge keeps on purpose) plus 8 bytes per event: a leak of
- * the 4000-byte media frame fails a short run, one of a few tens of bytes per event a run of
- * some minutes.
+ * about a kilobyte per event fails the short CI run, one of a few tens of bytes per event a run
+ * of ten minutes or more.
  */
 class SoakTest {
     static final String SECONDS_PROPERTY = "orvex.soak.seconds";
