@@ -108,9 +108,13 @@ class SoakTest {
     /** Runs in the child JVM: arguments are the seconds to run and whether bays fire. */
     public static final class Child {
         public static void main(String[] args) throws Exception {
-            String summary = new SoakTest().soak(Long.parseLong(args[0]),
-                    Boolean.parseBoolean(args[1]));
-            System.out.println("SOAK " + summary);
+            try {
+                System.out.println("SOAK " + new SoakTest().soak(Long.parseLong(args[0]),
+                        Boolean.parseBoolean(args[1])));
+            } catch (AssertionError e) {
+                System.out.println("SOAK failed: " + e.getMessage());
+                System.exit(1);
+            }
         }
     }
 
