@@ -6,7 +6,9 @@ import com.zq.OrvexCore.IOrvexCore;
 import java.io.ByteArrayOutputStream;
 import java.io.InputStream;
 import java.nio.charset.StandardCharsets;
+import java.util.ArrayList;
 import java.util.List;
+import java.util.Map;
 import java.util.concurrent.TimeUnit;
 
 /**
@@ -16,13 +18,51 @@ import java.util.concurrent.TimeUnit;
 final class ChildJvm {
     private ChildJvm() {}
 
+    /** How a child JVM ended: its exit code (non-zero after an abort) and standard output. */
+    record Result(int exitCode, String stdout) {
+        /** The first report of -Xcheck:jni in the output (warning or fatal error), or null. */
+        String jniCheckReport() {
+            for (String report : List.of("WARNING in native method", "WARNING: JNI local refs",
+                         "FATAL ERROR in native method")) {
+                if (stdout.contains(report)) {
+                    return report;
+                }
+            }
+            return null;
+        }
+    }
+
     static String run(Class<?> main) throws Exception {
+        Result r = start(main);
+        assertEquals(0, r.exitCode(), r.stdout());
+        return r.stdout();
+    }
+
+    /**
+     * Runs {@code main} with {@code args} and returns however it ended, so that a caller can
+     * count an abort rather than stop at it.
+     */
+    static Result start(Class<?> main, String... args) throws Exception {
+        return start(main, List.of("-Xcheck:jni"), Map.of(), args);
+    }
+
+    /**
+     * As {@link #start(Class, String...)}, with {@code jvmOptions} in place of -Xcheck:jni and
+     * {@code environment} added to this JVM's environment.
+     */
+    static Result start(Class<?> main, List<String> jvmOptions, Map<String, String> environment,
+            String... args) throws Exception {
         String java = System.getProperty("java.home") + "/bin/java";
-        Process p = new ProcessBuilder(List.of(java, "-Xcheck:jni",
-                        property(IOrvexCore.LIBRARY_PROPERTY), property("orvex.simctl.library"),
-                        "-cp", System.getProperty("orvex.test.classpath"), main.getName()))
-                .redirectError(ProcessBuilder.Redirect.INHERIT)
-                .start();
+        List<String> command = new ArrayList<>(List.of(java));
+        command.addAll(jvmOptions);
+        command.addAll(List.of(property(IOrvexCore.LIBRARY_PROPERTY),
+                property("orvex.simctl.library"), "-cp", System.getProperty("orvex.test.classpath"),
+                main.getName()));
+        command.addAll(List.of(args));
+        ProcessBuilder builder =
+                new ProcessBuilder(command).redirectError(ProcessBuilder.Redirect.INHERIT);
+        builder.environment().putAll(environment);
+        Process p = builder.start();
         ByteArrayOutputStream out = new ByteArrayOutputStream();
         try (InputStream in = p.getInputStream()) {
             in.transferTo(out);
@@ -31,8 +71,7 @@ final class ChildJvm {
             p.destroyForcibly();
             throw new AssertionError(main.getName() + " did not finish");
         }
-        assertEquals(0, p.exitValue(), out.toString(StandardCharsets.UTF_8));
-        return out.toString(StandardCharsets.UTF_8);
+        return new Result(p.exitValue(), out.toString(StandardCharsets.UTF_8));
     }
 
     private static String property(String name) {

@@ -12,6 +12,8 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import bridgetest.CallbackCases.Case;
+import com.zq.OrvexCore.IOrvexCore;
+import com.zq.OrvexCore.Return_Value_Info_t;
 import com.zq.OrvexCore.ShareVideoInfo;
 import com.zq.OrvexCore.UserDataChange_t;
 import java.lang.reflect.InvocationTargetException;
@@ -71,6 +73,28 @@ class HostileInputTest {
         assertTrue(cause.getMessage().contains("invoke("), cause.getMessage());
         assertEquals(0, SimControl.count(c.setter()));
         // The refusal is stored as the last result, as the native's return value would be.
+        assertEquals(1009, LastResult.read());
+    }
+
+    static Stream<Arguments> namedBadListeners() {
+        return badListeners().map(l -> Arguments.of(l.getClass().getSimpleName(), l));
+    }
+
+    /** The same shapes handed to a native that takes a listener with its request. */
+    @ParameterizedTest(name = "{0}")
+    @MethodSource("namedBadListeners")
+    void listenerWithoutTheMediaInvokeIsRefusedByAStreamOpener(String shape, Object listener) {
+        Return_Value_Info_t holder = new Return_Value_Info_t();
+        holder.nReturnValue = -5;
+
+        IllegalArgumentException thrown = assertThrows(IllegalArgumentException.class,
+                () -> IOrvexCore.ORVEX_GetRealStream(HANDLE, holder,
+                        MediaNativesTest.realRequest(), listener, 1000));
+
+        assertTrue(thrown.getMessage().contains("MediaDataCallback"), thrown.getMessage());
+        assertTrue(thrown.getMessage().contains("invoke("), thrown.getMessage());
+        assertEquals(0, SimControl.calls().length);
+        assertEquals(-5, holder.nReturnValue);
         assertEquals(1009, LastResult.read());
     }
 
