@@ -16,7 +16,6 @@ import com.zq.OrvexCore.Return_Value_ByteArray_t;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
-import java.util.Objects;
 import java.util.function.Function;
 import java.util.function.Predicate;
 
@@ -128,6 +127,7 @@ public final class Catalogue {
         byte[] arg = c.text.arg(id.value(), "device");
         Device_Info_Ex_t d = new Device_Info_Ex_t();
         c.run("ORVEX_GetDeviceInfoExById", () -> IOrvexCore.ORVEX_GetDeviceInfoExById(c.handle, arg, d));
+        keepId(d.szId, id.value());
         return device(d);
     }
 
@@ -176,6 +176,7 @@ public final class Catalogue {
         byte[] arg = c.text.arg(id.value(), "camera");
         Enc_Channel_Info_Ex_t ch = new Enc_Channel_Info_Ex_t();
         c.run("ORVEX_GetChannelInfoById", () -> IOrvexCore.ORVEX_GetChannelInfoById(c.handle, arg, ch));
+        keepId(ch.szId, id.value());
         return channel(ch);
     }
 
@@ -231,7 +232,7 @@ public final class Catalogue {
     /**
      * A department of the logical organisation.
      *
-     * @param code its coding
+     * @param code its coding (pass it on as {@code DepartmentCode.of(code)})
      * @param name its name
      * @param modified when it was last changed, as the platform writes it
      * @param serialNumber its serial number
@@ -241,7 +242,7 @@ public final class Catalogue {
      * @param chargeBooth whether it is a charge booth (platform-specific)
      * @param extendedType its extended type
      */
-    public record LogicalDepartment(DepartmentCode code, String name, String modified,
+    public record LogicalDepartment(String code, String name, String modified,
             String serialNumber, String memo, int type, int sort, int chargeBooth,
             int extendedType) {}
 
@@ -301,6 +302,13 @@ public final class Catalogue {
         return Arrays.stream(elements).filter(written).map(convert).toList();
     }
 
+    /** A record read by its identifier names it by that identifier if the library left it out. */
+    private void keepId(byte[] member, String id) {
+        if (c.text.get(member).isEmpty()) {
+            c.text.put(id, member, "identifier");
+        }
+    }
+
     private Department department(Dep_Info_t d) {
         return new Department(new DepartmentCode(c.text.get(d.szCoding)), c.text.get(d.szDepName));
     }
@@ -325,8 +333,7 @@ public final class Catalogue {
     }
 
     private LogicalDepartment logical(Dep_Info_Ex_t d) {
-        Objects.requireNonNull(d);
-        return new LogicalDepartment(new DepartmentCode(c.text.get(d.szCoding)),
+        return new LogicalDepartment(c.text.get(d.szCoding),
                 c.text.get(d.szDepName), c.text.get(d.szModifyTime), c.text.get(d.szSN),
                 c.text.get(d.szMemo), d.nDepType, d.nDepSort, d.nChargebooth, d.nDepExtType);
     }
