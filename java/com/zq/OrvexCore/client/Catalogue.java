@@ -94,10 +94,17 @@ public final class Catalogue {
         return c.text.get(buf);
     }
 
-    /** The root department of the loaded tree. */
+    /**
+     * The root department of the loaded tree.
+     *
+     * @throws IllegalStateException if the library names no root (no tree is loaded)
+     */
     public Department root() {
         Dep_Info_t d = new Dep_Info_t();
         c.run("ORVEX_GetDGroupRootInfo", () -> IOrvexCore.ORVEX_GetDGroupRootInfo(c.handle, d));
+        if (c.text.get(d.szCoding).isEmpty()) {
+            throw new IllegalStateException("the platform named no root department");
+        }
         return department(d);
     }
 

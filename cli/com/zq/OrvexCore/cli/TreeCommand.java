@@ -1,0 +1,57 @@
+package com.zq.OrvexCore.cli;
+
+import com.zq.OrvexCore.client.Channel;
+import com.zq.OrvexCore.client.DepartmentNode;
+import com.zq.OrvexCore.client.DeviceNode;
+import com.zq.OrvexCore.client.OrvexClient;
+import java.io.PrintWriter;
+import java.util.concurrent.Callable;
+import picocli.CommandLine.Command;
+import picocli.CommandLine.Mixin;
+import picocli.CommandLine.Model.CommandSpec;
+import picocli.CommandLine.Spec;
+
+/** Prints the organisation tree: departments, their devices, the devices' cameras. */
+@Command(name = "tree", mixinStandardHelpOptions = true,
+        description = {"Loads and prints the organisation tree.",
+            "Lines: 'department CODE NAME', 'device ID NAME STATE', 'camera ID NAME STATE', "
+                    + "indented by depth."})
+final class TreeCommand implements Callable<Integer> {
+    @Mixin
+    Connection connection;
+
+    @Spec
+    CommandSpec spec;
+
+    static String state(int status) {
+        return switch (status) {
+            case 1 -> "online";
+            case 2 -> "offline";
+            default -> "unknown";
+        };
+    }
+
+    @Override
+    public Integer call() {
+        PrintWriter out = spec.commandLine().getOut();
+        try (OrvexClient client = connection.connect()) {
+            print(out, client.catalogue().tree(), 0);
+        }
+        return 0;
+    }
+
+    private static void print(PrintWriter out, DepartmentNode node, int depth) {
+        String pad = "  ".repeat(depth);
+        out.printf("%sdepartment %s %s%n", pad, node.department().code(), node.department().name());
+        for (DeviceNode d : node.devices()) {
+            out.printf("%s  device %s %s %s%n", pad, d.device().id(), d.device().name(),
+                    state(d.device().status()));
+            for (Channel c : d.channels()) {
+                out.printf("%s    camera %s %s %s%n", pad, c.id(), c.name(), state(c.status()));
+            }
+        }
+        for (DepartmentNode child : node.children()) {
+            print(out, child, depth + 1);
+        }
+    }
+}
