@@ -154,7 +154,7 @@ class OrvexCommandTest {
 
         SimControl.declareCapacity("ORVEX_SendCammandToCMSByJson", "szJsonResult", 64);
         SimControl.script("ORVEX_SendCammandToCMSByJson", 0,
-                Write.bytes("szJsonResult", 0, "{\"ok\":true}".getBytes()));
+                Write.bytes("szJsonResult", 0, "{\"ok\":true}\0".getBytes()));
         Run json = run("json", "--answer-size", "64", "{\"cmd\":\"ping\"}");
         assertEquals(0, json.status(), json.err());
         assertEquals("{\"ok\":true}", json.out().strip());

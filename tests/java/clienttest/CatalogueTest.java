@@ -65,7 +65,7 @@ class CatalogueTest {
     @Test
     void exportAndLogicalOrganisation() {
         try (OrvexClient c = Sim.connect()) {
-            SimControl.script("ORVEX_LoadDGroupInfo", 0, Write.le32("pnGroupLen", 0, 12));
+            SimControl.script("ORVEX_LoadDGroupInfo", 0, Write.le32("pnGroupLen", 0, 7));
             SimControl.script("ORVEX_GetDGroupStr", 0, Write.bytes("szGroupBuf", 0, Sim.utf8("<tree/>")));
             SimControl.script("ORVEX_GetLogicDepNodeNum", 0, Write.le32("pnNum", 0, 3));
             SimControl.script("ORVEX_GetLogicID", 0, Write.bytes("szCodeID", 0, Sim.utf8("cam-42")));
@@ -73,7 +73,7 @@ class CatalogueTest {
                     new Sim.Rec(1936).text(0, "L1").text(128, "Logic").text(768, "memo").i32(1792, 4).bytes()));
 
             assertEquals("<tree/>", c.catalogue().exportText());
-            assertEquals(12, SimControl.last("ORVEX_GetDGroupStr").arg("nGroupLen").i32());
+            assertEquals(7, SimControl.last("ORVEX_GetDGroupStr").arg("nGroupLen").i32());
             assertEquals(3, c.catalogue().logicalCount(DepartmentCode.of("L1"), Catalogue.NodeKind.CHANNEL));
             assertEquals(2, SimControl.last("ORVEX_GetLogicDepNodeNum").arg("eNodeType").i32());
             assertEquals("cam-42", c.catalogue().logicalId(DepartmentCode.of("L1"), 0, true));

@@ -90,10 +90,10 @@ class DecodingTest {
     @Test
     void textsOfServicesAndDevices() {
         SimControl.declareCapacity("ORVEX_SendCammandToCMSByJson", "szJsonResult", 64);
-        SimControl.script("ORVEX_SendCammandToCMSByJson", 0, Write.bytes("szJsonResult", 0, Sim.utf8("{\"ok\":1}")));
+        SimControl.script("ORVEX_SendCammandToCMSByJson", 0, Write.bytes("szJsonResult", 0, Sim.utf8("{\"ok\":1}\0")));
         SimControl.script("ORVEX_QueryLinkResource", 0, Write.le32("pnLen", 0, 20));
         SimControl.script("ORVEX_GetLinkResource", 0, Write.bytes("pInfo.pXmlData", 0, Sim.utf8("<links/>")));
-        SimControl.script("ORVEX_AskForLastGpsStatusXMLStrCount", 0, Write.le32("pnLen", 0, 8));
+        SimControl.script("ORVEX_AskForLastGpsStatusXMLStrCount", 0, Write.le32("pnLen", 0, 6));
         SimControl.script("ORVEX_AskForLastGpsStatusXMLStr", 0, Write.bytes("szBuffer", 0, Sim.utf8("<gps/>")));
         SimControl.script("ORVEX_GetDeviceListLen", 0, Write.le32("pnLen", 0, 9));
         SimControl.script("ORVEX_GetDeviceListStr", 0, Write.bytes("szDevList", 0, Sim.utf8("dev-1;d-2")));
