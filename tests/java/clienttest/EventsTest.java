@@ -136,6 +136,7 @@ class EventsTest {
         SimControl.fire("ORVEXGeneralJsonTransportCallback", Sim.HANDLE, 0, new Object[] {Sim.HANDLE, b("{}")});
         drain(ex);
         assertNull(q.poll());
+        assertThrows(IllegalStateException.class, () -> c.events().onJsonMessage(ex, m -> { }));
         ex.shutdownNow();
     }
 }

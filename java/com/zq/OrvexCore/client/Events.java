@@ -125,6 +125,7 @@ public final class Events {
     @SuppressWarnings("unchecked")
     private <E> Registration subscribe(Kind<E> kind, Executor executor, Consumer<? super E> listener) {
         Objects.requireNonNull(listener, "listener");
+        c.ensureOpen();
         Executor ex = executor == null ? c.eventExecutor() : executor;
         Hub<E> hub = (Hub<E>) hubs.computeIfAbsent(kind, k -> new Hub<E>());
         Sub<E> sub = new Sub<>(ex, listener);

@@ -216,10 +216,20 @@ public final class OrvexClient implements AutoCloseable {
     void run(String operation, IntSupplier call) {
         lifecycle.readLock().lock();
         try {
+            ensureOpen();
+            Calls.check(operation, call.getAsInt());
+        } finally {
+            lifecycle.readLock().unlock();
+        }
+    }
+
+    /** Throws unless the client is open. */
+    void ensureOpen() {
+        lifecycle.readLock().lock();
+        try {
             if (closed) {
                 throw new IllegalStateException("the client is closed");
             }
-            Calls.check(operation, call.getAsInt());
         } finally {
             lifecycle.readLock().unlock();
         }
