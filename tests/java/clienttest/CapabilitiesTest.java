@@ -25,7 +25,6 @@ import org.junit.jupiter.api.Test;
 import org.junit.jupiter.params.ParameterizedTest;
 import org.junit.jupiter.params.provider.MethodSource;
 import simctl.SimControl;
-import simctl.Write;
 
 /**
  * Every capability once: each reaches its native, with the camera or device where the native

@@ -4,6 +4,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import bridgetest.CRecord;
 import com.zq.OrvexCore.client.CameraId;
 import com.zq.OrvexCore.client.Catalogue;
 import com.zq.OrvexCore.client.Channel;
@@ -70,7 +71,7 @@ class CatalogueTest {
             SimControl.script("ORVEX_GetLogicDepNodeNum", 0, Write.le32("pnNum", 0, 3));
             SimControl.script("ORVEX_GetLogicID", 0, Write.bytes("szCodeID", 0, Sim.utf8("cam-42")));
             SimControl.script("ORVEX_GetLogicRootDepInfo", 0, Write.bytes("pInfo", 0,
-                    new Sim.Rec(1936).text(0, "L1").text(128, "Logic").text(768, "memo").i32(1792, 4).bytes()));
+                    new CRecord(1936).text(0, "L1").text(128, "Logic").text(768, "memo").i32(1792, 4).bytes()));
 
             assertEquals("<tree/>", c.catalogue().exportText());
             assertEquals(7, SimControl.last("ORVEX_GetDGroupStr").arg("nGroupLen").i32());

@@ -2,6 +2,7 @@ package clienttest;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
 
+import bridgetest.CRecord;
 import com.zq.OrvexCore.client.Alarms;
 import com.zq.OrvexCore.client.CameraId;
 import com.zq.OrvexCore.client.DeviceId;
@@ -42,15 +43,15 @@ class DecodingTest {
     @Test
     void presets() {
         SimControl.script("ORVEX_QueryPrePoint", 0, Write.le32("pInfo", 64, 2),
-                Write.bytes("pInfo", 68, Sim.Rec.concat(new Sim.Rec(36).i32(0, 3).text(4, "Gate"),
-                        new Sim.Rec(36).i32(0, 7).text(4, "Yard"))));
+                Write.bytes("pInfo", 68, Sim.concat(new CRecord(36).i32(0, 3).text(4, "Gate"),
+                        new CRecord(36).i32(0, 7).text(4, "Yard"))));
         assertEquals(List.of(new Ptz.Preset(3, "Gate"), new Ptz.Preset(7, "Yard")), c.ptz(CAM).presets());
     }
 
     @Test
     void alarmPagesHoldWhatTheLibraryDelivered() {
         SimControl.script("ORVEX_QueryAlarmInfo", 0, Write.le32("pAlarmInfo", 4, 1),
-                Write.bytes("pAlarmInfo.pAlarmInfo", 0, new Sim.Rec(4512).i32(0, 3).i32(4, 1)
+                Write.bytes("pAlarmInfo.pAlarmInfo", 0, new CRecord(4512).i32(0, 3).i32(4, 1)
                         .text(8, "dev-1").i32(72, 2).i64(80, 1_700_000_000L).i32(88, 4).text(412, "motion").bytes()));
         List<Alarms.Record> page = c.alarms().page(new Alarms.Query(CAM, 10, 20, 0), 40, 5);
         assertEquals(List.of(new Alarms.Record(3, 1, "dev-1", 2, 1_700_000_000L, 4, "motion")), page);
@@ -63,9 +64,9 @@ class DecodingTest {
     @Test
     void alarmSchemes() {
         SimControl.script("ORVEX_GetAlarmSchemeCount", 0, Write.le32("pnCount", 0, 2));
-        SimControl.script("ORVEX_GetAlarmSchemeList", 0, Write.bytes("pInfo", 0, Sim.Rec.concat(
-                new Sim.Rec(780).i32(0, 1).i32(4, 11).text(8, "night").i32(264, 2).text(268, "after hours"),
-                new Sim.Rec(780).i32(0, 0).i32(4, 12).text(8, "day"))));
+        SimControl.script("ORVEX_GetAlarmSchemeList", 0, Write.bytes("pInfo", 0, Sim.concat(
+                new CRecord(780).i32(0, 1).i32(4, 11).text(8, "night").i32(264, 2).text(268, "after hours"),
+                new CRecord(780).i32(0, 0).i32(4, 12).text(8, "day"))));
         assertEquals(List.of(new Alarms.Scheme(11, "night", true, 2, "after hours"),
                 new Alarms.Scheme(12, "day", false, 0, "")), c.alarms().schemes());
     }
@@ -74,10 +75,10 @@ class DecodingTest {
     void wallsScreensAndWindows() {
         SimControl.script("ORVEX_GetTvWallListCount", 0, Write.le32("pnCount", 0, 1));
         SimControl.script("ORVEX_GetTvWallList", 0, Write.bytes("pInfo.pTvWallInfo", 0,
-                new Sim.Rec(264).i32(0, 4).i32(4, 1).text(8, "Lobby").bytes()));
+                new CRecord(264).i32(0, 4).i32(4, 1).text(8, "Lobby").bytes()));
         SimControl.script("ORVEX_GetTvWallLayoutCount", 0, Write.le32("pnCount", 0, 1));
         SimControl.script("ORVEX_GetTvWallLayout", 0, Write.bytes("pInfo.pScreenInfo", 0,
-                new Sim.Rec(344).i32(0, 9).text(4, "Left").text(260, "dec-1").f32(324, 0.5f)
+                new CRecord(344).i32(0, 9).text(4, "Left").text(260, "dec-1").f32(324, 0.5f)
                         .f32(328, 0.25f).f32(332, 1f).f32(336, 2f).bytes()));
         SimControl.script("ORVEX_TvWallScreenOpenWindow", 0, Write.le32("pInfo", 24, 17), Write.le32("pInfo", 28, 2));
 
@@ -107,10 +108,10 @@ class DecodingTest {
     @Test
     void peopleCountingPagesAndEnds() {
         SimControl.script("ORVEX_QueryPersonCount", 0, Write.le32("pnQuerySeq", 0, 5), Write.le32("pnTotalCount", 0, 2));
-        SimControl.script("ORVEX_QueryPersonCountBypage", 0, Write.bytes("pInfo", 0, Sim.Rec.concat(
-                new Sim.Rec(60).i32(0, 1).text(4, "door").i32(36, 100).i32(40, 200).i32(44, 7)
+        SimControl.script("ORVEX_QueryPersonCountBypage", 0, Write.bytes("pInfo", 0, Sim.concat(
+                new CRecord(60).i32(0, 1).text(4, "door").i32(36, 100).i32(40, 200).i32(44, 7)
                         .i32(48, 5).i32(52, 2).i32(56, 4),
-                new Sim.Rec(60).i32(0, 1).text(4, "door").i32(36, 200).i32(40, 300))));
+                new CRecord(60).i32(0, 1).text(4, "door").i32(36, 200).i32(40, 300))));
         try (PeopleCount q = c.services().countPeople(CAM, 100, 300, 1)) {
             assertEquals(2, q.total());
             assertEquals(List.of(new PeopleCount.Row(1, "door", 100, 200, 7, 5, 2, 4),
@@ -123,9 +124,9 @@ class DecodingTest {
     @Test
     void alarmHostZones() {
         SimControl.script("ORVEX_QueryNetAlarmHostChannelCount", 0, Write.le32("pnCount", 0, 2));
-        SimControl.script("ORVEX_QueryNetAlarmHostStatus", 0, Write.bytes("pInfo", 0, Sim.Rec.concat(
-                new Sim.Rec(76).text(0, "zone-1").i32(64, 1).i32(68, 0).i32(72, 0x0100),
-                new Sim.Rec(76).text(0, "zone-2").i32(72, 0x0001))));
+        SimControl.script("ORVEX_QueryNetAlarmHostStatus", 0, Write.bytes("pInfo", 0, Sim.concat(
+                new CRecord(76).text(0, "zone-1").i32(64, 1).i32(68, 0).i32(72, 0x0100),
+                new CRecord(76).text(0, "zone-2").i32(72, 0x0001))));
         assertEquals(List.of(new Devices.Zone("zone-1", 1, 0, false, true),
                 new Devices.Zone("zone-2", 0, 0, true, false)), c.devices().zones(DeviceId.of("host-1")));
     }

@@ -6,6 +6,7 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 
+import bridgetest.CRecord;
 import com.zq.OrvexCore.client.CameraId;
 import com.zq.OrvexCore.client.LiveStream;
 import com.zq.OrvexCore.client.Media;
@@ -127,8 +128,8 @@ class MediaTest {
         assertEquals(6, SimControl.last("ORVEX_CloseRecordStreamBySeq").arg("nPlaybackSeq").i32());
     }
 
-    static Sim.Rec record(int index, long begin, long end) {
-        return new Sim.Rec(40).i32(0, index).i32(4, 3).i32(8, 6).i64(16, begin).i64(24, end).i64(32, 4096);
+    static CRecord record(int index, long begin, long end) {
+        return new CRecord(40).i32(0, index).i32(4, 3).i32(8, 6).i64(16, begin).i64(24, end).i64(32, 4096);
     }
 
     @Test
@@ -137,7 +138,7 @@ class MediaTest {
             SimControl.script("ORVEX_QueryRecord", 0, Write.le32("pnRecordCount", 0, 3));
             // Three were counted, two delivered: the third comes back zeroed and is left out.
             SimControl.script("ORVEX_GetRecordInfo", 0, Write.bytes("pInfo.pSingleRecord", 0,
-                    Sim.Rec.concat(record(4, 1000, 2000), record(5, 2000, 3000))));
+                    Sim.concat(record(4, 1000, 2000), record(5, 2000, 3000))));
             List<Media.RecordFile> files = c.media().searchRecords(Media.RecordQuery.of(CAM, 900, 3100));
             assertEquals(List.of(new Media.RecordFile(4, 3, 6, 1000, 2000, 4096),
                     new Media.RecordFile(5, 3, 6, 2000, 3000, 4096)), files);

@@ -5,6 +5,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import bridgetest.CRecord;
 import com.zq.OrvexCore.client.CameraId;
 import com.zq.OrvexCore.client.DepartmentCode;
 import com.zq.OrvexCore.client.OrvexClient;
@@ -135,10 +136,10 @@ class SessionTest {
         try (OrvexClient c = Sim.connect()) {
             SimControl.script("ORVEX_GetUserID", 0, Write.le32("pnUserId", 0, 77));
             SimControl.script("ORVEX_GetUserLevel", 0, Write.le32("pnUserLevel", 0, 3));
-            SimControl.script("ORVEX_GetUserInfo", 0, Write.bytes("pInfo", 0, new Sim.Rec(396)
+            SimControl.script("ORVEX_GetUserInfo", 0, Write.bytes("pInfo", 0, new CRecord(396)
                     .i32(0, 12).i32(4, 2).i32(8, 1).text(9, "0101").text(137, "Zentrale").bytes()));
             SimControl.script("ORVEX_GetMapAddrInfo", 0, Write.bytes("pInfo", 0,
-                    new Sim.Rec(52).text(0, "192.168.0.9").i32(48, 8088).bytes()));
+                    new CRecord(52).text(0, "192.168.0.9").i32(48, 8088).bytes()));
             SimControl.script("ORVEX_GetUserOrgInfoLen", 0, Write.le32("pnLen", 0, 16));
             SimControl.script("ORVEX_GetUserOrgInfo", 0, Write.bytes("szBuffer", 0, Sim.utf8("<org id='1'/>")));
 

@@ -1,10 +1,12 @@
 package clienttest;
 
+import bridgetest.CRecord;
 import com.zq.OrvexCore.client.OrvexClient;
 import java.nio.ByteBuffer;
 import java.nio.ByteOrder;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayDeque;
+import java.util.Arrays;
 import java.util.Deque;
 import java.util.concurrent.Executor;
 import java.util.concurrent.ExecutorService;
@@ -62,50 +64,13 @@ final class Sim {
         }
     }
 
-    /** Little-endian bytes of a C record, member by member. */
-    static final class Rec {
-        final ByteBuffer buf;
-
-        Rec(int size) {
-            buf = ByteBuffer.allocate(size).order(ByteOrder.LITTLE_ENDIAN);
+    /** The raw bytes of C records laid one after another, as in a record array. */
+    static byte[] concat(CRecord... records) {
+        ByteBuffer out = ByteBuffer.allocate(Arrays.stream(records).mapToInt(r -> r.bytes().length).sum());
+        for (CRecord r : records) {
+            out.put(r.bytes());
         }
-
-        Rec i32(int offset, int v) {
-            buf.putInt(offset, v);
-            return this;
-        }
-
-        Rec i64(int offset, long v) {
-            buf.putLong(offset, v);
-            return this;
-        }
-
-        Rec f32(int offset, float v) {
-            buf.putFloat(offset, v);
-            return this;
-        }
-
-        Rec text(int offset, String s) {
-            buf.put(offset, s.getBytes(StandardCharsets.UTF_8));
-            return this;
-        }
-
-        byte[] bytes() {
-            return buf.array();
-        }
-
-        /** {@code n} records of {@code size} bytes each, one after another. */
-        static byte[] concat(Rec... records) {
-            int total = 0;
-            for (Rec r : records) {
-                total += r.buf.capacity();
-            }
-            ByteBuffer out = ByteBuffer.allocate(total);
-            for (Rec r : records) {
-                out.put(r.bytes());
-            }
-            return out.array();
-        }
+        return out.array();
     }
 
     /** The text at {@code offset} of a recorded C record, up to its terminator. */

@@ -9,12 +9,8 @@ import com.zq.OrvexCore.client.OrvexEvent;
 import java.io.PrintWriter;
 import java.util.ArrayList;
 import java.util.List;
-import java.util.concurrent.Callable;
 import picocli.CommandLine.Command;
-import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Option;
-import picocli.CommandLine.Spec;
 
 /** Follows live alarms, or reads the alarm history or the alarm schemes. */
 @Command(name = "alarms", mixinStandardHelpOptions = true,
@@ -22,13 +18,7 @@ import picocli.CommandLine.Spec;
                 + "MESSAGE'), after enabling the --enable sources.",
             "With --camera: prints the alarm history of a camera between --from and --to.",
             "With --schemes: prints the alarm schemes."})
-final class AlarmsCommand implements Callable<Integer> {
-    @Mixin
-    Connection connection;
-
-    @Spec
-    CommandSpec spec;
-
+final class AlarmsCommand extends ClientCommand {
     @Option(names = "--follow", description = "Print live alarms.")
     boolean follow;
 
@@ -62,26 +52,28 @@ final class AlarmsCommand implements Callable<Integer> {
     boolean schemes;
 
     @Override
-    public Integer call() throws InterruptedException {
-        PrintWriter out = spec.commandLine().getOut();
+    void check() {
         if ((follow ? 1 : 0) + (camera != null ? 1 : 0) + (schemes ? 1 : 0) != 1) {
             throw new IllegalArgumentException("give exactly one of --follow, --camera, --schemes");
         }
-        try (OrvexClient client = connection.connect()) {
-            if (follow) {
-                follow(client, out);
-            } else if (schemes) {
-                for (Alarms.Scheme s : client.alarms().schemes()) {
-                    out.printf("scheme %d %s %s template %d  %s%n", s.id(), s.name(),
-                            s.open() ? "open" : "closed", s.templateId(), s.description());
-                }
-            } else {
-                Alarms.Query q = new Alarms.Query(CameraId.of(camera), from, to, type);
-                out.printf("%d alarms%n", client.alarms().count(q));
-                for (Alarms.Record r : client.alarms().page(q, first, size)) {
-                    out.printf("alarm %d type %d event %d device %s channel %d  %s%n", r.time(),
-                            r.alarmType(), r.eventType(), r.device(), r.channel(), r.message());
-                }
+    }
+
+    @Override
+    int run(OrvexClient client) throws InterruptedException {
+        PrintWriter out = out();
+        if (follow) {
+            follow(client, out);
+        } else if (schemes) {
+            for (Alarms.Scheme s : client.alarms().schemes()) {
+                out.printf("scheme %d %s %s template %d  %s%n", s.id(), s.name(),
+                        s.open() ? "open" : "closed", s.templateId(), s.description());
+            }
+        } else {
+            Alarms.Query q = new Alarms.Query(CameraId.of(camera), from, to, type);
+            out.printf("%d alarms%n", client.alarms().count(q));
+            for (Alarms.Record r : client.alarms().page(q, first, size)) {
+                out.printf("alarm %d type %d event %d device %s channel %d  %s%n", r.time(),
+                        r.alarmType(), r.eventType(), r.device(), r.channel(), r.message());
             }
         }
         return 0;

@@ -3,26 +3,15 @@ package com.zq.OrvexCore.cli;
 import com.zq.OrvexCore.client.CameraId;
 import com.zq.OrvexCore.client.OrvexClient;
 import com.zq.OrvexCore.client.Services;
-import java.io.PrintWriter;
-import java.util.concurrent.Callable;
 import picocli.CommandLine.Command;
-import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Option;
 import picocli.CommandLine.Parameters;
-import picocli.CommandLine.Spec;
 
 /** Sends a JSON command to a platform module and prints the answer. */
 @Command(name = "json", mixinStandardHelpOptions = true,
         description = "Sends the JSON text to the central management module and prints its answer; "
                 + "with --camera, to the device management module about that camera.")
-final class JsonCommand implements Callable<Integer> {
-    @Mixin
-    Connection connection;
-
-    @Spec
-    CommandSpec spec;
-
+final class JsonCommand extends ClientCommand {
     @Parameters(paramLabel = "JSON", description = "The command.")
     String json;
 
@@ -34,14 +23,11 @@ final class JsonCommand implements Callable<Integer> {
     int answerSize;
 
     @Override
-    public Integer call() {
-        PrintWriter out = spec.commandLine().getOut();
-        try (OrvexClient client = connection.connect()) {
-            String answer = camera == null
-                    ? client.services().sendToCms(json, answerSize)
-                    : client.services().sendToDms(CameraId.of(camera), json, answerSize);
-            out.println(answer);
-        }
+    int run(OrvexClient client) {
+        String answer = camera == null
+                ? client.services().sendToCms(json, answerSize)
+                : client.services().sendToDms(CameraId.of(camera), json, answerSize);
+        out().println(answer);
         return 0;
     }
 }

@@ -6,13 +6,9 @@ import com.zq.OrvexCore.client.Media;
 import com.zq.OrvexCore.client.OrvexClient;
 import java.io.PrintWriter;
 import java.nio.file.Path;
-import java.util.concurrent.Callable;
 import picocli.CommandLine.Command;
-import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Option;
 import picocli.CommandLine.Parameters;
-import picocli.CommandLine.Spec;
 
 /** Watches a camera's live stream and reports its progress. */
 @Command(name = "live", mixinStandardHelpOptions = true,
@@ -20,13 +16,7 @@ import picocli.CommandLine.Spec;
                 + "received, frames per second and bit rate.",
             "With --save-frame it writes the first video frame to FILE and stops there, unless "
                     + "--seconds or --frames ask for more."})
-final class LiveCommand implements Callable<Integer> {
-    @Mixin
-    Connection connection;
-
-    @Spec
-    CommandSpec spec;
-
+final class LiveCommand extends ClientCommand {
     @Parameters(paramLabel = "CAMERA", description = "The camera's identifier.")
     String camera;
 
@@ -44,22 +34,21 @@ final class LiveCommand implements Callable<Integer> {
     Path saveFrame;
 
     @Override
-    public Integer call() throws InterruptedException {
-        PrintWriter out = spec.commandLine().getOut();
+    int run(OrvexClient client) throws InterruptedException {
+        PrintWriter out = out();
         long limit = seconds != null ? seconds : saveFrame != null || frames > 0 ? 30 : 10;
         boolean justTheFrame = saveFrame != null && frames == 0 && seconds == null;
         FrameMeter meter = new FrameMeter(out, saveFrame, justTheFrame ? 1 : frames);
         Media.LiveOptions options = new Media.LiveOptions(
                 sub ? Media.StreamType.SUB : Media.StreamType.MAIN, 3, true, true);
-        try (OrvexClient client = connection.connect();
-                LiveStream live = client.media().openLive(CameraId.of(camera), options, null, meter)) {
+        try (LiveStream live = client.media().openLive(CameraId.of(camera), options, null, meter)) {
             out.printf("live stream %d of %s open%n", live.sequence(), camera);
             out.flush();
             meter.await(limit);
         }
         meter.summary();
         if (saveFrame != null && !meter.saved()) {
-            spec.commandLine().getErr().printf("orvex live: no video frame arrived within %d s%n", limit);
+            err().printf("orvex live: no video frame arrived within %d s%n", limit);
             return Orvex.PLATFORM_ERROR;
         }
         return 0;

@@ -7,26 +7,16 @@ import com.zq.OrvexCore.client.Playback;
 import java.io.PrintWriter;
 import java.nio.file.Path;
 import java.util.List;
-import java.util.concurrent.Callable;
 import picocli.CommandLine.Command;
-import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Option;
 import picocli.CommandLine.Parameters;
-import picocli.CommandLine.Spec;
 
 /** Lists or plays back a camera's recordings. */
 @Command(name = "playback", mixinStandardHelpOptions = true,
         description = {"Lists the recordings of CAMERA between --from and --to (with --list), "
                 + "or plays that span back and prints its progress like 'live'.",
             "Times are the platform's."})
-final class PlaybackCommand implements Callable<Integer> {
-    @Mixin
-    Connection connection;
-
-    @Spec
-    CommandSpec spec;
-
+final class PlaybackCommand extends ClientCommand {
     @Parameters(paramLabel = "CAMERA", description = "The camera's identifier.")
     String camera;
 
@@ -50,30 +40,28 @@ final class PlaybackCommand implements Callable<Integer> {
     Path saveFrame;
 
     @Override
-    public Integer call() throws InterruptedException {
-        PrintWriter out = spec.commandLine().getOut();
+    int run(OrvexClient client) throws InterruptedException {
+        PrintWriter out = out();
         Media.RecordQuery query = Media.RecordQuery.of(CameraId.of(camera), from, to);
-        try (OrvexClient client = connection.connect()) {
-            if (list) {
-                List<Media.RecordFile> files = client.media().searchRecords(query);
-                for (Media.RecordFile f : files) {
-                    out.printf("record %d  %d..%d  type %d  source %d  length %d%n", f.fileIndex(),
-                            f.begin(), f.end(), f.recordType(), f.source(), f.length());
-                }
-                out.printf("%d recordings%n", files.size());
-                return 0;
+        if (list) {
+            List<Media.RecordFile> files = client.media().searchRecords(query);
+            for (Media.RecordFile f : files) {
+                out.printf("record %d  %d..%d  type %d  source %d  length %d%n", f.fileIndex(),
+                        f.begin(), f.end(), f.recordType(), f.source(), f.length());
             }
-            FrameMeter meter = new FrameMeter(out, saveFrame, 0);
-            try (Playback pb = client.media().playTime(query, null, meter)) {
-                if (speed != Playback.Speed.NORMAL) {
-                    pb.speed(speed);
-                }
-                out.printf("playback %d of %s open%n", pb.sequence(), camera);
-                out.flush();
-                meter.await(seconds);
-            }
-            meter.summary();
+            out.printf("%d recordings%n", files.size());
+            return 0;
         }
+        FrameMeter meter = new FrameMeter(out, saveFrame, 0);
+        try (Playback pb = client.media().playTime(query, null, meter)) {
+            if (speed != Playback.Speed.NORMAL) {
+                pb.speed(speed);
+            }
+            out.printf("playback %d of %s open%n", pb.sequence(), camera);
+            out.flush();
+            meter.await(seconds);
+        }
+        meter.summary();
         return 0;
     }
 }

@@ -3,26 +3,15 @@ package com.zq.OrvexCore.cli;
 import com.zq.OrvexCore.client.CameraId;
 import com.zq.OrvexCore.client.OrvexClient;
 import com.zq.OrvexCore.client.Ptz;
-import java.io.PrintWriter;
-import java.util.concurrent.Callable;
 import picocli.CommandLine.ArgGroup;
 import picocli.CommandLine.Command;
-import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Option;
 import picocli.CommandLine.Parameters;
-import picocli.CommandLine.Spec;
 
 /** Lists, visits, adds or deletes a camera's presets. */
 @Command(name = "presets", mixinStandardHelpOptions = true,
         description = "Lists the presets of CAMERA ('preset CODE NAME'), or goes to, adds or deletes one.")
-final class PresetsCommand implements Callable<Integer> {
-    @Mixin
-    Connection connection;
-
-    @Spec
-    CommandSpec spec;
-
+final class PresetsCommand extends ClientCommand {
     @Parameters(paramLabel = "CAMERA", description = "The camera's identifier.")
     String camera;
 
@@ -44,24 +33,21 @@ final class PresetsCommand implements Callable<Integer> {
     String name;
 
     @Override
-    public Integer call() {
-        PrintWriter out = spec.commandLine().getOut();
-        try (OrvexClient client = connection.connect()) {
-            Ptz ptz = client.ptz(CameraId.of(camera));
-            if (change == null) {
-                for (Ptz.Preset p : ptz.presets()) {
-                    out.printf("preset %d %s%n", p.code(), p.name());
-                }
-            } else if (change.gotoCode != null) {
-                ptz.gotoPreset(change.gotoCode);
-            } else if (change.addCode != null) {
-                if (name == null) {
-                    throw new IllegalArgumentException("--add needs --name");
-                }
-                ptz.addPreset(change.addCode, name);
-            } else {
-                ptz.deletePreset(change.deleteCode);
+    int run(OrvexClient client) {
+        Ptz ptz = client.ptz(CameraId.of(camera));
+        if (change == null) {
+            for (Ptz.Preset p : ptz.presets()) {
+                out().printf("preset %d %s%n", p.code(), p.name());
             }
+        } else if (change.gotoCode != null) {
+            ptz.gotoPreset(change.gotoCode);
+        } else if (change.addCode != null) {
+            if (name == null) {
+                throw new IllegalArgumentException("--add needs --name");
+            }
+            ptz.addPreset(change.addCode, name);
+        } else {
+            ptz.deletePreset(change.deleteCode);
         }
         return 0;
     }

@@ -3,15 +3,10 @@ package com.zq.OrvexCore.cli;
 import com.zq.OrvexCore.client.CameraId;
 import com.zq.OrvexCore.client.OrvexClient;
 import com.zq.OrvexCore.client.Ptz;
-import java.io.PrintWriter;
 import java.util.Locale;
-import java.util.concurrent.Callable;
 import picocli.CommandLine.Command;
-import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Option;
 import picocli.CommandLine.Parameters;
-import picocli.CommandLine.Spec;
 
 /** Moves a camera, changes its lens, or switches its light or wiper. */
 @Command(name = "ptz", mixinStandardHelpOptions = true,
@@ -19,13 +14,7 @@ import picocli.CommandLine.Spec;
             "  up, down, left, right, left-up, left-down, right-up, right-down (moves for --for ms)",
             "  zoom-in, zoom-out, focus-far, focus-near, aperture-open, aperture-close (likewise)",
             "  point X Y Z, light-on, light-off, wiper-on, wiper-off, lock, unlock, unlock-all"})
-final class PtzCommand implements Callable<Integer> {
-    @Mixin
-    Connection connection;
-
-    @Spec
-    CommandSpec spec;
-
+final class PtzCommand extends ClientCommand {
     @Parameters(index = "0", paramLabel = "CAMERA", description = "The camera's identifier.")
     String camera;
 
@@ -43,27 +32,24 @@ final class PtzCommand implements Callable<Integer> {
     long forMillis;
 
     @Override
-    public Integer call() throws InterruptedException {
-        PrintWriter out = spec.commandLine().getOut();
+    int run(OrvexClient client) throws InterruptedException {
         String name = action.toUpperCase(Locale.ROOT).replace('-', '_');
-        try (OrvexClient client = connection.connect()) {
-            Ptz ptz = client.ptz(CameraId.of(camera));
-            switch (name) {
-                case "POINT" -> {
-                    if (args.length != 3) {
-                        throw new IllegalArgumentException("point takes X Y Z");
-                    }
-                    ptz.pointAt(args[0], args[1], args[2]);
+        Ptz ptz = client.ptz(CameraId.of(camera));
+        switch (name) {
+            case "POINT" -> {
+                if (args.length != 3) {
+                    throw new IllegalArgumentException("point takes X Y Z");
                 }
-                case "LIGHT_ON", "LIGHT_OFF" -> ptz.light(name.endsWith("ON"));
-                case "WIPER_ON", "WIPER_OFF" -> ptz.rainBrush(name.endsWith("ON"));
-                case "LOCK" -> ptz.lock(Ptz.Lock.LOCK);
-                case "UNLOCK" -> ptz.lock(Ptz.Lock.UNLOCK);
-                case "UNLOCK_ALL" -> ptz.lock(Ptz.Lock.UNLOCK_ALL);
-                default -> timed(ptz, name);
+                ptz.pointAt(args[0], args[1], args[2]);
             }
+            case "LIGHT_ON", "LIGHT_OFF" -> ptz.light(name.endsWith("ON"));
+            case "WIPER_ON", "WIPER_OFF" -> ptz.rainBrush(name.endsWith("ON"));
+            case "LOCK" -> ptz.lock(Ptz.Lock.LOCK);
+            case "UNLOCK" -> ptz.lock(Ptz.Lock.UNLOCK);
+            case "UNLOCK_ALL" -> ptz.lock(Ptz.Lock.UNLOCK_ALL);
+            default -> timed(ptz, name);
         }
-        out.printf("ptz %s %s done%n", camera, action);
+        out().printf("ptz %s %s done%n", camera, action);
         return 0;
     }
 

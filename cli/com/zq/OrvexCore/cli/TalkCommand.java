@@ -5,26 +5,16 @@ import com.zq.OrvexCore.client.Media;
 import com.zq.OrvexCore.client.OrvexClient;
 import com.zq.OrvexCore.client.Talk;
 import java.io.PrintWriter;
-import java.util.concurrent.Callable;
 import java.util.concurrent.atomic.AtomicLong;
 import picocli.CommandLine.Command;
-import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Option;
 import picocli.CommandLine.Parameters;
-import picocli.CommandLine.Spec;
 
 /** Opens a talk with a camera, sends a test tone, and counts the camera's audio. */
 @Command(name = "talk", mixinStandardHelpOptions = true,
         description = "Opens a talk with CAMERA; with --tone it speaks a sine tone for --seconds, "
                 + "paced in real time, and reports the audio frames the camera sends back.")
-final class TalkCommand implements Callable<Integer> {
-    @Mixin
-    Connection connection;
-
-    @Spec
-    CommandSpec spec;
-
+final class TalkCommand extends ClientCommand {
     @Parameters(paramLabel = "CAMERA", description = "The camera's identifier.")
     String camera;
 
@@ -48,12 +38,11 @@ final class TalkCommand implements Callable<Integer> {
     }
 
     @Override
-    public Integer call() throws InterruptedException {
-        PrintWriter out = spec.commandLine().getOut();
+    int run(OrvexClient client) throws InterruptedException {
+        PrintWriter out = out();
         Media.TalkOptions options = Media.TalkOptions.DEFAULT;
         AtomicLong received = new AtomicLong();
-        try (OrvexClient client = connection.connect();
-                Talk talk = client.media().talk(CameraId.of(camera), options, null, f -> received.incrementAndGet())) {
+        try (Talk talk = client.media().talk(CameraId.of(camera), options, null, f -> received.incrementAndGet())) {
             out.printf("talk %d with %s open%n", talk.sequence(), camera);
             out.flush();
             int block = options.sampleRate() / 10;

@@ -5,24 +5,14 @@ import com.zq.OrvexCore.client.DepartmentNode;
 import com.zq.OrvexCore.client.DeviceNode;
 import com.zq.OrvexCore.client.OrvexClient;
 import java.io.PrintWriter;
-import java.util.concurrent.Callable;
 import picocli.CommandLine.Command;
-import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
-import picocli.CommandLine.Spec;
 
 /** Prints the organisation tree: departments, their devices, the devices' cameras. */
 @Command(name = "tree", mixinStandardHelpOptions = true,
         description = {"Loads and prints the organisation tree.",
             "Lines: 'department CODE NAME', 'device ID NAME STATE', 'camera ID NAME STATE', "
                     + "indented by depth."})
-final class TreeCommand implements Callable<Integer> {
-    @Mixin
-    Connection connection;
-
-    @Spec
-    CommandSpec spec;
-
+final class TreeCommand extends ClientCommand {
     static String state(int status) {
         return switch (status) {
             case 1 -> "online";
@@ -32,11 +22,8 @@ final class TreeCommand implements Callable<Integer> {
     }
 
     @Override
-    public Integer call() {
-        PrintWriter out = spec.commandLine().getOut();
-        try (OrvexClient client = connection.connect()) {
-            print(out, client.catalogue().tree(), 0);
-        }
+    int run(OrvexClient client) {
+        print(out(), client.catalogue().tree(), 0);
         return 0;
     }
 

@@ -5,12 +5,8 @@ import com.zq.OrvexCore.client.Media;
 import com.zq.OrvexCore.client.OrvexClient;
 import com.zq.OrvexCore.client.Walls;
 import java.io.PrintWriter;
-import java.util.concurrent.Callable;
 import picocli.CommandLine.Command;
-import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Option;
-import picocli.CommandLine.Spec;
 
 /** Lists video walls and puts cameras on their screens. */
 @Command(name = "wall", mixinStandardHelpOptions = true,
@@ -18,13 +14,7 @@ import picocli.CommandLine.Spec;
             "  --show CAMERA --wall W --screen S [--window N]   show a camera",
             "  --split N --wall W --screen S                    split a screen into N panes",
             "  --clear --wall W [--screen S --window N]         clear a window or the wall"})
-final class WallCommand implements Callable<Integer> {
-    @Mixin
-    Connection connection;
-
-    @Spec
-    CommandSpec spec;
-
+final class WallCommand extends ClientCommand {
     @Option(names = "--wall", description = "The wall.")
     Integer wall;
 
@@ -44,31 +34,32 @@ final class WallCommand implements Callable<Integer> {
     boolean clear;
 
     @Override
-    public Integer call() {
-        PrintWriter out = spec.commandLine().getOut();
-        boolean change = show != null || split != null || clear;
-        if (change && wall == null) {
+    void check() {
+        if ((show != null || split != null || clear) && wall == null) {
             throw new IllegalArgumentException("--show, --split and --clear need --wall");
         }
-        try (OrvexClient client = connection.connect()) {
-            Walls walls = client.walls();
-            if (show != null) {
-                walls.show(wall, screen, window, CameraId.of(show), 0, Media.StreamType.MAIN);
-            } else if (split != null) {
-                walls.split(wall, screen, split);
-            } else if (clear) {
-                if (spec.commandLine().getParseResult().hasMatchedOption("--screen")) {
-                    walls.clearWindow(wall, screen, window);
-                } else {
-                    walls.clear(wall);
-                }
+    }
+
+    @Override
+    int run(OrvexClient client) {
+        Walls walls = client.walls();
+        if (show != null) {
+            walls.show(wall, screen, window, CameraId.of(show), 0, Media.StreamType.MAIN);
+        } else if (split != null) {
+            walls.split(wall, screen, split);
+        } else if (clear) {
+            if (spec.commandLine().getParseResult().hasMatchedOption("--screen")) {
+                walls.clearWindow(wall, screen, window);
             } else {
-                for (Walls.Wall w : walls.walls()) {
-                    out.printf("wall %d %s state %d%n", w.id(), w.name(), w.state());
-                    for (Walls.Screen s : walls.screens(w.id())) {
-                        out.printf("  screen %d %s decoder %s at %.2f,%.2f size %.2fx%.2f%n", s.id(),
-                                s.name(), s.decoder(), s.left(), s.top(), s.width(), s.height());
-                    }
+                walls.clear(wall);
+            }
+        } else {
+            PrintWriter out = out();
+            for (Walls.Wall w : walls.walls()) {
+                out.printf("wall %d %s state %d%n", w.id(), w.name(), w.state());
+                for (Walls.Screen s : walls.screens(w.id())) {
+                    out.printf("  screen %d %s decoder %s at %.2f,%.2f size %.2fx%.2f%n", s.id(),
+                            s.name(), s.decoder(), s.left(), s.top(), s.width(), s.height());
                 }
             }
         }

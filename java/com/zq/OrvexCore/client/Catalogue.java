@@ -88,10 +88,8 @@ public final class Catalogue {
 
     /** Loads the whole tree and returns its text export. */
     public String exportText() {
-        int len = load();
-        byte[] buf = new byte[len];
-        c.run("ORVEX_GetDGroupStr", () -> IOrvexCore.ORVEX_GetDGroupStr(c.handle, buf, len, c.timeoutMs));
-        return c.text.get(buf);
+        return c.textOfLength(load(), "ORVEX_GetDGroupStr",
+                (buf, len) -> IOrvexCore.ORVEX_GetDGroupStr(c.handle, buf, len, c.timeoutMs));
     }
 
     /**

@@ -45,15 +45,10 @@ public final class Devices {
 
     /** The platform's device list, as the text it sends. */
     public String deviceList() {
-        int len = c.value("ORVEX_GetDeviceListLen",
+        int length = c.value("ORVEX_GetDeviceListLen",
                 h -> IOrvexCore.ORVEX_GetDeviceListLen(c.handle, h, c.timeoutMs));
-        if (len <= 0) {
-            return "";
-        }
-        byte[] buf = new byte[len];
-        c.run("ORVEX_GetDeviceListStr",
-                () -> IOrvexCore.ORVEX_GetDeviceListStr(c.handle, buf, len, c.timeoutMs));
-        return c.text.get(buf);
+        return c.textOfLength(length, "ORVEX_GetDeviceListStr",
+                (buf, len) -> IOrvexCore.ORVEX_GetDeviceListStr(c.handle, buf, len, c.timeoutMs));
     }
 
     /** The state of a channel: 0 unknown, 1 online, 2 offline. */

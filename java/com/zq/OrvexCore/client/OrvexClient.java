@@ -242,6 +242,25 @@ public final class OrvexClient implements AutoCloseable {
         return h.nReturnValue;
     }
 
+    /** A native that copies {@code length} bytes of a text into {@code buffer}. */
+    @FunctionalInterface
+    interface TextFetch {
+        int fetch(byte[] buffer, int length);
+    }
+
+    /**
+     * A text the library hands out after telling its length: fetched into a buffer of exactly
+     * that length (the natives copy that many bytes, no terminator), up to its first zero byte.
+     */
+    String textOfLength(int length, String operation, TextFetch fetch) {
+        if (length <= 0) {
+            return "";
+        }
+        byte[] buffer = new byte[length];
+        run(operation, () -> fetch.fetch(buffer, length));
+        return text.get(buffer);
+    }
+
     Executor eventExecutor() {
         return eventExecutor;
     }

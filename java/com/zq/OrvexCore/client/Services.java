@@ -148,15 +148,10 @@ public final class Services {
 
     /** The last GPS states the platform knows, as the XML text it sends. */
     public String lastGpsStatus() {
-        int len = c.value("ORVEX_AskForLastGpsStatusXMLStrCount",
+        int length = c.value("ORVEX_AskForLastGpsStatusXMLStrCount",
                 h -> IOrvexCore.ORVEX_AskForLastGpsStatusXMLStrCount(c.handle, h, c.timeoutMs));
-        if (len <= 0) {
-            return "";
-        }
-        byte[] buf = new byte[len];
-        c.run("ORVEX_AskForLastGpsStatusXMLStr",
-                () -> IOrvexCore.ORVEX_AskForLastGpsStatusXMLStr(c.handle, buf, len));
-        return c.text.get(buf);
+        return c.textOfLength(length, "ORVEX_AskForLastGpsStatusXMLStr",
+                (buf, len) -> IOrvexCore.ORVEX_AskForLastGpsStatusXMLStr(c.handle, buf, len));
     }
 
     /**
