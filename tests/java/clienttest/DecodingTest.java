@@ -46,6 +46,7 @@ class DecodingTest {
                 Write.bytes("pInfo", 68, Sim.concat(new CRecord(36).i32(0, 3).text(4, "Gate"),
                         new CRecord(36).i32(0, 7).text(4, "Yard"))));
         assertEquals(List.of(new Ptz.Preset(3, "Gate"), new Ptz.Preset(7, "Yard")), c.ptz(CAM).presets());
+        assertEquals(300, SimControl.last("ORVEX_QueryPrePoint").arg("pInfo").le32(64), "the capacity offered");
     }
 
     @Test

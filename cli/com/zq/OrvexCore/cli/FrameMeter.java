@@ -12,11 +12,12 @@ import java.util.function.Consumer;
 
 /**
  * Counts the frames of a stream and prints the progress once a second (frames, frames per
- * second, bit rate); optionally saves the first video frame to a file.
+ * second, bit rate); optionally saves the first video frame (any frame not marked as audio) to a
+ * file.
  */
 final class FrameMeter implements Consumer<MediaFrame> {
-    /** The media type of video frames. */
-    static final int VIDEO = 1;
+    /** The media type of audio frames. */
+    static final int AUDIO = 2;
 
     private final PrintWriter out;
     private final Path saveTo;
@@ -45,7 +46,7 @@ final class FrameMeter implements Consumer<MediaFrame> {
     public synchronized void accept(MediaFrame f) {
         frames++;
         bytes += f.size();
-        if (saveTo != null && !saved && f.mediaType() == VIDEO) {
+        if (saveTo != null && !saved && f.mediaType() != AUDIO) {
             byte[] data = new byte[f.size()];
             f.data().duplicate().get(data);
             try {

@@ -181,6 +181,8 @@ public final class Ptz {
     public List<Preset> presets() {
         Ptz_Prepoint_Info_t in = new Ptz_Prepoint_Info_t();
         c.text.put(camera.value(), in.szCameraId, "camera");
+        // Offered as the capacity, for a library that reads it: the structure holds this many.
+        in.nCount = Ptz_Prepoint_Info_t.MAX_POINTS;
         c.run("ORVEX_QueryPrePoint", () -> IOrvexCore.ORVEX_QueryPrePoint(c.handle, in, c.timeoutMs));
         int n = Math.max(0, Math.min(in.nCount, in.pPoints.length));
         List<Preset> out = new ArrayList<>(n);
