@@ -4,9 +4,13 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 
 import bridgetest.CRecord;
 import com.zq.OrvexCore.client.Alarms;
+import com.zq.OrvexCore.client.Burners;
 import com.zq.OrvexCore.client.CameraId;
+import com.zq.OrvexCore.client.Catalogue;
 import com.zq.OrvexCore.client.DeviceId;
 import com.zq.OrvexCore.client.Devices;
+import com.zq.OrvexCore.client.LiveStream;
+import com.zq.OrvexCore.client.Media;
 import com.zq.OrvexCore.client.OrvexClient;
 import com.zq.OrvexCore.client.PeopleCount;
 import com.zq.OrvexCore.client.Ptz;
@@ -130,5 +134,43 @@ class DecodingTest {
                 new CRecord(76).text(0, "zone-2").i32(72, 0x0001))));
         assertEquals(List.of(new Devices.Zone("zone-1", 1, 0, false, true),
                 new Devices.Zone("zone-2", 0, 0, true, false)), c.devices().zones(DeviceId.of("host-1")));
+    }
+
+    @Test
+    void channelSummariesAlarmInputsDisksAndKnownZones() {
+        SimControl.script("ORVEX_GetEncChannelCount", 0, Write.le32("pnCount", 0, 1));
+        SimControl.script("ORVEX_GetChannelInfo", 0, Write.bytes("pInfo.pEncChannelnfo", 0,
+                new CRecord(328).i32(0, 2).text(4, "cam-3").text(68, "Dome").bytes()));
+        assertEquals(List.of(new Catalogue.ChannelSummary(CAM, "Dome", 2)),
+                c.catalogue().channelSummaries(DeviceId.of("dev-3")));
+
+        SimControl.script("ORVEX_GetDeviceInfoExById", 0,
+                Write.bytes("pInfo", 0, new CRecord(1480).text(0, "dev-3").i32(1424, 1).bytes()));
+        SimControl.script("ORVEX_GetAlarmInChannelInfo", 0, Write.bytes("pInfo.pAlarmInChannelnfo", 0,
+                new CRecord(336).text(0, "in-1").text(64, "Fence").i64(320, 5).i32(328, 3).i32(332, 1).bytes()));
+        assertEquals(List.of(new Devices.AlarmInput("in-1", "Fence", 5, 3, 1)),
+                c.devices().alarmInputs(DeviceId.of("dev-3")));
+
+        SimControl.declareCapacity("ORVEX_GetDeviceDiskInfo", "pInfo.pDiskInfoList", 32);
+        SimControl.script("ORVEX_GetDeviceDiskInfo", 0, Write.le32("pInfo", 64, 1), Write.bytes(
+                "pInfo.pDiskInfoList", 0, new CRecord(16).i32(0, 1).i32(4, 0xFFFF_FFF0).i32(8, 1000)
+                        .raw(12, new byte[] {2, 3, 4, 5}).bytes()));
+        assertEquals(List.of(new Burners.Disk(1, 0xFFFF_FFF0L, 1000, 2, 3, 4, 5)), c.burners().disks(8, 2));
+        assertEquals(8, SimControl.last("ORVEX_GetDeviceDiskInfo").arg("nSequence").i32());
+
+        SimControl.script("ORVEX_GetNetAlarmHostStatus", 0, Write.bytes("pInfo", 76,
+                new CRecord(76).text(0, "zone-2").i32(64, 1).i32(72, 0x0101).bytes()));
+        assertEquals(List.of(new Devices.Zone("", 0, 0, false, false), new Devices.Zone("zone-2", 1, 0, true, true)),
+                c.devices().knownZones(2));
+    }
+
+    @Test
+    void previewStreamsStartFromTheirChannel() {
+        SimControl.script("ORVEX_GetRealStreamPreview", 0, Write.le32("pnRealSeq", 0, 14));
+        try (LiveStream s = c.media().openPreview(CAM, Media.LiveOptions.DEFAULT, 3, null, f -> { })) {
+            assertEquals(14, s.sequence());
+            assertEquals(3, SimControl.last("ORVEX_GetRealStreamPreview").arg("nStartChannelIndex").i32());
+        }
+        assertEquals(14, SimControl.last("ORVEX_CloseRealStreamBySeq").arg("nRealSeq").i32());
     }
 }
