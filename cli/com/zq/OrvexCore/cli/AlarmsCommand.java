@@ -36,7 +36,8 @@ final class AlarmsCommand extends ClientCommand {
     @Option(names = "--from", defaultValue = "0", description = "Start of the history span.")
     long from;
 
-    @Option(names = "--to", defaultValue = "" + Long.MAX_VALUE, description = "End of the history span.")
+    @Option(names = "--to", defaultValue = "" + Long.MAX_VALUE,
+            description = "End of the history span.")
     long to;
 
     @Option(names = "--type", defaultValue = "0", description = "Alarm type, 0 for any.")
@@ -45,7 +46,8 @@ final class AlarmsCommand extends ClientCommand {
     @Option(names = "--first", defaultValue = "0", description = "First alarm of the page.")
     int first;
 
-    @Option(names = "--size", defaultValue = "50", description = "Alarms per page (default: ${DEFAULT-VALUE}).")
+    @Option(names = "--size", defaultValue = "50",
+            description = "Alarms per page (default: ${DEFAULT-VALUE}).")
     int size;
 
     @Option(names = "--schemes", description = "Print the alarm schemes.")
@@ -86,8 +88,8 @@ final class AlarmsCommand extends ClientCommand {
                 List<Alarms.Source> sources = new ArrayList<>();
                 for (String e : enable) {
                     String[] p = e.split(":");
-                    sources.add(new Alarms.Source(DeviceId.of(p[0]), p.length > 1 ? Integer.parseInt(p[1]) : 0,
-                            p.length > 2 ? Integer.parseInt(p[2]) : 0, p.length > 3 ? Integer.parseInt(p[3]) : 0));
+                    sources.add(new Alarms.Source(DeviceId.of(p[0]), field(p, 1), field(p, 2),
+                            field(p, 3)));
                 }
                 client.alarms().enable(sources);
             }
@@ -103,9 +105,14 @@ final class AlarmsCommand extends ClientCommand {
         }
     }
 
+    /** Field {@code i} of a colon-separated source, 0 if it is left out. */
+    private static int field(String[] parts, int i) {
+        return parts.length > i ? Integer.parseInt(parts[i]) : 0;
+    }
+
     private static void print(PrintWriter out, OrvexEvent.Alarm a) {
-        out.printf("alarm %d type %d event %d camera %s  %s%n", a.time(), a.alarmType(), a.eventType(),
-                a.camera(), a.message());
+        out.printf("alarm %d type %d event %d camera %s  %s%n", a.time(), a.alarmType(),
+                a.eventType(), a.camera(), a.message());
         out.flush();
     }
 }

@@ -15,7 +15,8 @@ final class DoorCommand extends ClientCommand {
     @Parameters(index = "0", paramLabel = "DOOR", description = "The door's channel identifier.")
     String door;
 
-    @Parameters(index = "1", paramLabel = "COMMAND", description = "One of: ${COMPLETION-CANDIDATES}.")
+    @Parameters(index = "1", paramLabel = "COMMAND",
+            description = "One of: ${COMPLETION-CANDIDATES}.")
     Doors.Command command;
 
     @Option(names = "--from", defaultValue = "0", description = "Start of the command's validity.")

@@ -15,7 +15,8 @@ final class JsonCommand extends ClientCommand {
     @Parameters(paramLabel = "JSON", description = "The command.")
     String json;
 
-    @Option(names = "--camera", description = "Send to the device management module about this camera.")
+    @Option(names = "--camera",
+            description = "Send to the device management module about this camera.")
     String camera;
 
     @Option(names = "--answer-size", defaultValue = "" + Services.DEFAULT_ANSWER_CAPACITY,

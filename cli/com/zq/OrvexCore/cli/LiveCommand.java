@@ -30,7 +30,8 @@ final class LiveCommand extends ClientCommand {
     @Option(names = "--sub", description = "Watch the sub stream instead of the main stream.")
     boolean sub;
 
-    @Option(names = "--save-frame", paramLabel = "FILE", description = "Save the first video frame to FILE.")
+    @Option(names = "--save-frame", paramLabel = "FILE",
+            description = "Save the first video frame to FILE.")
     Path saveFrame;
 
     @Override

@@ -13,7 +13,8 @@ import picocli.CommandLine.Command;
 @Command(name = "orvex", mixinStandardHelpOptions = true, version = "orvex 1.0",
         description = "Operates an ORVEX surveillance platform: organisation tree, live video, "
                 + "playback, PTZ, presets, alarms, talk, video walls, doors and JSON commands.",
-        subcommands = {TreeCommand.class, LiveCommand.class, PlaybackCommand.class, PtzCommand.class,
+        subcommands = {TreeCommand.class, LiveCommand.class, PlaybackCommand.class,
+                PtzCommand.class,
             PresetsCommand.class, AlarmsCommand.class, TalkCommand.class, WallCommand.class,
             DoorCommand.class, JsonCommand.class, CommandLine.HelpCommand.class})
 public final class Orvex {
@@ -50,7 +51,14 @@ public final class Orvex {
             }
             throw e;
         });
-        int status = cl.execute(args);
+        int status;
+        try {
+            status = cl.execute(args);
+        } catch (LinkageError e) {
+            // The bridge or the client library it needs could not be loaded.
+            err.printf("orvex: cannot load the native bridge: %s%n", e);
+            status = PLATFORM_ERROR;
+        }
         out.flush();
         err.flush();
         return status;

@@ -33,10 +33,12 @@ final class PlaybackCommand extends ClientCommand {
             description = "Playback speed: ${COMPLETION-CANDIDATES} (default: ${DEFAULT-VALUE}).")
     Playback.Speed speed;
 
-    @Option(names = "--seconds", defaultValue = "10", description = "How long to play (default: ${DEFAULT-VALUE}).")
+    @Option(names = "--seconds", defaultValue = "10",
+            description = "How long to play (default: ${DEFAULT-VALUE}).")
     long seconds;
 
-    @Option(names = "--save-frame", paramLabel = "FILE", description = "Save the first video frame to FILE.")
+    @Option(names = "--save-frame", paramLabel = "FILE",
+            description = "Save the first video frame to FILE.")
     Path saveFrame;
 
     @Override

@@ -10,7 +10,8 @@ import picocli.CommandLine.Parameters;
 
 /** Lists, visits, adds or deletes a camera's presets. */
 @Command(name = "presets", mixinStandardHelpOptions = true,
-        description = "Lists the presets of CAMERA ('preset CODE NAME'), or goes to, adds or deletes one.")
+        description = "Lists the presets of CAMERA ('preset CODE NAME'), or goes to, adds or "
+                + "deletes one.")
 final class PresetsCommand extends ClientCommand {
     @Parameters(paramLabel = "CAMERA", description = "The camera's identifier.")
     String camera;
@@ -19,7 +20,8 @@ final class PresetsCommand extends ClientCommand {
         @Option(names = "--goto", paramLabel = "CODE", description = "Move the camera to a preset.")
         Integer gotoCode;
 
-        @Option(names = "--add", paramLabel = "CODE", description = "Store the current position (needs --name).")
+        @Option(names = "--add", paramLabel = "CODE",
+                description = "Store the current position (needs --name).")
         Integer addCode;
 
         @Option(names = "--delete", paramLabel = "CODE", description = "Delete a preset.")

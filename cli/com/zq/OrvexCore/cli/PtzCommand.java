@@ -11,7 +11,8 @@ import picocli.CommandLine.Parameters;
 /** Moves a camera, changes its lens, or switches its light or wiper. */
 @Command(name = "ptz", mixinStandardHelpOptions = true,
         description = {"Controls CAMERA. ACTION is one of:",
-            "  up, down, left, right, left-up, left-down, right-up, right-down (moves for --for ms)",
+            "  up, down, left, right, left-up, left-down, right-up, right-down",
+            "    (moves for --for milliseconds)",
             "  zoom-in, zoom-out, focus-far, focus-near, aperture-open, aperture-close (likewise)",
             "  point X Y Z, light-on, light-off, wiper-on, wiper-off, lock, unlock, unlock-all"})
 final class PtzCommand extends ClientCommand {
@@ -24,7 +25,8 @@ final class PtzCommand extends ClientCommand {
     @Parameters(index = "2..*", paramLabel = "ARG", description = "The action's arguments.")
     int[] args = new int[0];
 
-    @Option(names = "--speed", defaultValue = "5", description = "Speed of a movement (default: ${DEFAULT-VALUE}).")
+    @Option(names = "--speed", defaultValue = "5",
+            description = "Speed of a movement (default: ${DEFAULT-VALUE}).")
     int speed;
 
     @Option(names = "--for", defaultValue = "500", paramLabel = "MS",

@@ -21,10 +21,12 @@ final class TalkCommand extends ClientCommand {
     @Option(names = "--tone", description = "Send a test tone.")
     boolean tone;
 
-    @Option(names = "--frequency", defaultValue = "440", description = "Tone frequency in Hz (default: ${DEFAULT-VALUE}).")
+    @Option(names = "--frequency", defaultValue = "440",
+            description = "Tone frequency in Hz (default: ${DEFAULT-VALUE}).")
     double frequency;
 
-    @Option(names = "--seconds", defaultValue = "3", description = "How long to talk (default: ${DEFAULT-VALUE}).")
+    @Option(names = "--seconds", defaultValue = "3",
+            description = "How long to talk (default: ${DEFAULT-VALUE}).")
     int seconds;
 
     /** One block of tone: 100 ms of a sine at {@code frequency}, continuing the phase. */
@@ -42,7 +44,8 @@ final class TalkCommand extends ClientCommand {
         PrintWriter out = out();
         Media.TalkOptions options = Media.TalkOptions.DEFAULT;
         AtomicLong received = new AtomicLong();
-        try (Talk talk = client.media().talk(CameraId.of(camera), options, null, f -> received.incrementAndGet())) {
+        CameraId id = CameraId.of(camera);
+        try (Talk talk = client.media().talk(id, options, null, f -> received.incrementAndGet())) {
             out.printf("talk %d with %s open%n", talk.sequence(), camera);
             out.flush();
             int block = options.sampleRate() / 10;

@@ -27,10 +27,12 @@ final class WallCommand extends ClientCommand {
     @Option(names = "--show", paramLabel = "CAMERA", description = "Show this camera.")
     String show;
 
-    @Option(names = "--split", paramLabel = "N", description = "Split the screen into 1, 4, 9 or 16 panes.")
+    @Option(names = "--split", paramLabel = "N",
+            description = "Split the screen into 1, 4, 9 or 16 panes.")
     Integer split;
 
-    @Option(names = "--clear", description = "Clear the window, or the whole wall without --screen.")
+    @Option(names = "--clear",
+            description = "Clear the window, or the whole wall without --screen.")
     boolean clear;
 
     @Override

@@ -195,7 +195,8 @@ public final class Alarms {
         c.text.put(scheme.name(), in.schemeName, "name");
         in.templateId = scheme.templateId();
         c.text.put(scheme.description(), in.desc, "description");
-        c.run("ORVEX_SaveAlarmScheme", () -> IOrvexCore.ORVEX_SaveAlarmScheme(c.handle, in, c.timeoutMs));
+        c.run("ORVEX_SaveAlarmScheme",
+                () -> IOrvexCore.ORVEX_SaveAlarmScheme(c.handle, in, c.timeoutMs));
     }
 
     /**
@@ -211,7 +212,8 @@ public final class Alarms {
         in.enStatus = status;
         in.uAlarmTime = time;
         c.text.put(Objects.requireNonNull(message, "message"), in.szMsg, "message");
-        c.run("ORVEX_SendAlarmToServer", () -> IOrvexCore.ORVEX_SendAlarmToServer(c.handle, in, c.timeoutMs));
+        c.run("ORVEX_SendAlarmToServer",
+                () -> IOrvexCore.ORVEX_SendAlarmToServer(c.handle, in, c.timeoutMs));
     }
 
     /** Registers or cancels a phone for pushed alarms; returns the platform's subscription flag. */

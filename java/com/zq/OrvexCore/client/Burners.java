@@ -133,7 +133,8 @@ public final class Burners {
         in.burnerMask = burnerMask;
         in.emMode = mode;
         in.emPack = pack;
-        c.run("ORVEX_ControlDevBurner", () -> IOrvexCore.ORVEX_ControlDevBurner(c.handle, in, c.timeoutMs));
+        c.run("ORVEX_ControlDevBurner",
+                () -> IOrvexCore.ORVEX_ControlDevBurner(c.handle, in, c.timeoutMs));
     }
 
     /** Sets the case header and the form labels a device burns with its recordings. */
@@ -195,7 +196,8 @@ public final class Burners {
         for (int i = 0; i < n; i++) {
             Single_Disk_Info_t d = in.pDiskInfoList[i];
             out.add(new Disk(d.nDiskId, Integer.toUnsignedLong(d.uVolume),
-                    Integer.toUnsignedLong(d.uFreeSpace), d.diskState, d.diskNum, d.subareaNum, d.signal));
+                    Integer.toUnsignedLong(d.uFreeSpace), d.diskState, d.diskNum, d.subareaNum,
+                    d.signal));
         }
         return List.copyOf(out);
     }

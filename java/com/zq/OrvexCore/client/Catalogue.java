@@ -120,7 +120,8 @@ public final class Catalogue {
         if (n.departments() <= 0 && n.devices() <= 0) {
             return new Contents(List.of(), List.of());
         }
-        Get_Dep_Info_t in = new Get_Dep_Info_t(Math.max(0, n.departments()), Math.max(0, n.devices()));
+        Get_Dep_Info_t in =
+                new Get_Dep_Info_t(Math.max(0, n.departments()), Math.max(0, n.devices()));
         c.text.put(department.value(), in.szCoding, "department");
         c.run("ORVEX_GetDGroupInfo", () -> IOrvexCore.ORVEX_GetDGroupInfo(c.handle, in));
         return new Contents(filled(in.pDepInfo, d -> d.szCoding, this::department),
@@ -131,7 +132,8 @@ public final class Catalogue {
     public Device device(DeviceId id) {
         byte[] arg = c.text.arg(id.value(), "device");
         Device_Info_Ex_t d = new Device_Info_Ex_t();
-        c.run("ORVEX_GetDeviceInfoExById", () -> IOrvexCore.ORVEX_GetDeviceInfoExById(c.handle, arg, d));
+        c.run("ORVEX_GetDeviceInfoExById",
+                () -> IOrvexCore.ORVEX_GetDeviceInfoExById(c.handle, arg, d));
         keepId(d.szId, id.value());
         return device(d);
     }
@@ -180,7 +182,8 @@ public final class Catalogue {
     public Channel channel(CameraId id) {
         byte[] arg = c.text.arg(id.value(), "camera");
         Enc_Channel_Info_Ex_t ch = new Enc_Channel_Info_Ex_t();
-        c.run("ORVEX_GetChannelInfoById", () -> IOrvexCore.ORVEX_GetChannelInfoById(c.handle, arg, ch));
+        c.run("ORVEX_GetChannelInfoById",
+                () -> IOrvexCore.ORVEX_GetChannelInfoById(c.handle, arg, ch));
         keepId(ch.szId, id.value());
         return channel(ch);
     }

@@ -22,7 +22,8 @@ public record DepartmentNode(Department department, List<DepartmentNode> childre
 
     /** This department and every department below it, depth first. */
     public Stream<DepartmentNode> departments() {
-        return Stream.concat(Stream.of(this), children.stream().flatMap(DepartmentNode::departments));
+        return Stream.concat(Stream.of(this),
+                children.stream().flatMap(DepartmentNode::departments));
     }
 
     /** Every device of this department and of those below it. */

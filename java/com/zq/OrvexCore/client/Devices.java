@@ -41,7 +41,8 @@ public final class Devices {
      * @param bypassed whether it is bypassed
      * @param armed whether it is armed
      */
-    public record Zone(String node, int alarm, int undefendedAlarm, boolean bypassed, boolean armed) {}
+    public record Zone(String node, int alarm, int undefendedAlarm, boolean bypassed,
+            boolean armed) {}
 
     /** The platform's device list, as the text it sends. */
     public String deviceList() {
@@ -54,7 +55,8 @@ public final class Devices {
     /** The state of a channel: 0 unknown, 1 online, 2 offline. */
     public int channelStatus(CameraId camera) {
         byte[] id = c.text.arg(camera.value(), "camera");
-        return c.value("ORVEX_GetChannelStatus", h -> IOrvexCore.ORVEX_GetChannelStatus(c.handle, id, h));
+        return c.value("ORVEX_GetChannelStatus",
+                h -> IOrvexCore.ORVEX_GetChannelStatus(c.handle, id, h));
     }
 
     /** The type of a device (1 DVR, 2 IPC, 3 NVS, 6 NVR, 601 alarm host, 701 door). */
@@ -72,7 +74,8 @@ public final class Devices {
         }
         Get_AlarmInChannel_Info_t in = new Get_AlarmInChannel_Info_t(n);
         c.text.put(device.value(), in.szDeviceId, "device");
-        c.run("ORVEX_GetAlarmInChannelInfo", () -> IOrvexCore.ORVEX_GetAlarmInChannelInfo(c.handle, in));
+        c.run("ORVEX_GetAlarmInChannelInfo",
+                () -> IOrvexCore.ORVEX_GetAlarmInChannelInfo(c.handle, in));
         return Catalogue.filled(in.pAlarmInChannelnfo, a -> a.szId, a -> new AlarmInput(
                 c.text.get(a.szId), c.text.get(a.szName), a.nRight, a.nChnlType, a.nStatus));
     }
@@ -93,7 +96,8 @@ public final class Devices {
      * @param start start of the span the command covers (platform time)
      * @param end end of that span
      */
-    public void controlNetAlarmHost(String target, int operation, int command, long start, long end) {
+    public void controlNetAlarmHost(String target, int operation, int command, long start,
+            long end) {
         byte[] id = c.text.arg(target, "target");
         c.run("ORVEX_ControlNetAlarmHostCmd", () -> IOrvexCore.ORVEX_ControlNetAlarmHostCmd(
                 c.handle, id, operation, command, start, end, c.timeoutMs));
@@ -137,7 +141,8 @@ public final class Devices {
         List<Zone> out = new ArrayList<>(states.length);
         for (orvex_AHostDefenceStatus_t s : states) {
             if (s != null) {
-                out.add(new Zone(c.text.get(s.szNodeID), s.nAlarm, s.nUndefendAlarm, s.bByPass, s.bDefend));
+                out.add(new Zone(c.text.get(s.szNodeID), s.nAlarm, s.nUndefendAlarm, s.bByPass,
+                        s.bDefend));
             }
         }
         return List.copyOf(out);

@@ -123,7 +123,8 @@ public final class Events {
     }
 
     @SuppressWarnings("unchecked")
-    private <E> Registration subscribe(Kind<E> kind, Executor executor, Consumer<? super E> listener) {
+    private <E> Registration subscribe(Kind<E> kind, Executor executor,
+            Consumer<? super E> listener) {
         Objects.requireNonNull(listener, "listener");
         c.ensureOpen();
         Executor ex = executor == null ? c.eventExecutor() : executor;
@@ -244,7 +245,8 @@ public final class Events {
     }
 
     /** Follows the connection status, on {@code executor}. */
-    public Registration onConnectionStatus(Executor executor, Consumer<? super ConnectionStatus> listener) {
+    public Registration onConnectionStatus(Executor executor,
+            Consumer<? super ConnectionStatus> listener) {
         return subscribe(STATUS, Objects.requireNonNull(executor, "executor"), listener);
     }
 
@@ -287,7 +289,8 @@ public final class Events {
     }
 
     /** Follows the audio parameters devices propose for talks, on {@code executor}. */
-    public Registration onTalkParameters(Executor executor, Consumer<? super TalkParameters> listener) {
+    public Registration onTalkParameters(Executor executor,
+            Consumer<? super TalkParameters> listener) {
         return subscribe(TALK_PARAMETERS, Objects.requireNonNull(executor, "executor"), listener);
     }
 
@@ -329,7 +332,8 @@ public final class Events {
     }
 
     /** Follows broadcasts, on {@code executor}. */
-    public Registration onBroadcastStatus(Executor executor, Consumer<? super BroadcastStatus> listener) {
+    public Registration onBroadcastStatus(Executor executor,
+            Consumer<? super BroadcastStatus> listener) {
         return subscribe(BROADCAST, Objects.requireNonNull(executor, "executor"), listener);
     }
 
@@ -349,7 +353,8 @@ public final class Events {
     }
 
     /** Follows NVR channel states, on {@code executor}. */
-    public Registration onNvrChannelStatus(Executor executor, Consumer<? super NvrChannelStatus> listener) {
+    public Registration onNvrChannelStatus(Executor executor,
+            Consumer<? super NvrChannelStatus> listener) {
         return subscribe(NVR_CHANNEL, Objects.requireNonNull(executor, "executor"), listener);
     }
 

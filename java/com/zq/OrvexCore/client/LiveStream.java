@@ -11,6 +11,7 @@ public final class LiveStream extends MediaStream {
     @Override
     void end() {
         client.run("ORVEX_CloseRealStreamBySeq",
-                () -> IOrvexCore.ORVEX_CloseRealStreamBySeq(client.handle, sequence(), client.timeoutMs));
+                () -> IOrvexCore.ORVEX_CloseRealStreamBySeq(client.handle, sequence(),
+                        client.timeoutMs));
     }
 }

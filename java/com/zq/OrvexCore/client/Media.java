@@ -111,7 +111,8 @@ public final class Media {
      * @param sampleRate samples per second
      * @param transport the transport mode
      */
-    public record TalkOptions(int audioType, int talkType, int bits, int sampleRate, int transport) {
+    public record TalkOptions(int audioType, int talkType, int bits, int sampleRate,
+            int transport) {
         /** G.711 A-law, with the channel, 16 bits at 8 kHz, over TCP. */
         public static final TalkOptions DEFAULT = new TalkOptions(2, 2, 16, 8000, 1);
     }
@@ -130,7 +131,8 @@ public final class Media {
     private <S extends MediaStream> S open(String operation, Executor executor,
             Consumer<? super MediaFrame> consumer, Opener opener, Made<S> made) {
         Objects.requireNonNull(consumer, "consumer");
-        FrameSink sink = new FrameSink(executor == null ? c.eventExecutor() : executor, c.text, consumer);
+        FrameSink sink = new FrameSink(executor == null ? c.eventExecutor() : executor, c.text,
+                consumer);
         Return_Value_Info_t h = new Return_Value_Info_t();
         try {
             c.run(operation, () -> opener.open(h, sink));
@@ -208,8 +210,9 @@ public final class Media {
         int n = q.stream() == null
                 ? c.value("ORVEX_QueryRecord",
                         h -> IOrvexCore.ORVEX_QueryRecord(c.handle, in, h, c.timeoutMs))
-                : c.value("ORVEX_QueryRecordByStreamType", h -> IOrvexCore.ORVEX_QueryRecordByStreamType(
-                        c.handle, in, q.stream().value, h, c.timeoutMs));
+                : c.value("ORVEX_QueryRecordByStreamType",
+                        h -> IOrvexCore.ORVEX_QueryRecordByStreamType(
+                                c.handle, in, q.stream().value, h, c.timeoutMs));
         if (n <= 0) {
             return List.of();
         }
@@ -225,7 +228,8 @@ public final class Media {
     }
 
     private static RecordFile recordFile(Single_Record_Info_t r) {
-        return new RecordFile(r.nFileIndex, r.nSource, r.nRecordType, r.uBeginTime, r.uEndTime, r.uLength);
+        return new RecordFile(r.nFileIndex, r.nSource, r.nRecordType, r.uBeginTime, r.uEndTime,
+                r.uLength);
     }
 
     /**
@@ -243,7 +247,8 @@ public final class Media {
         in.uBeginTime = file.begin();
         in.uEndTime = file.end();
         return open("ORVEX_GetRecordStreamByFile", executor, consumer,
-                (h, sink) -> IOrvexCore.ORVEX_GetRecordStreamByFile(c.handle, h, in, sink, c.timeoutMs),
+                (h, sink) -> IOrvexCore.ORVEX_GetRecordStreamByFile(c.handle, h, in, sink,
+                        c.timeoutMs),
                 (seq, sink) -> new Playback(c, seq, camera, sink));
     }
 
@@ -253,7 +258,8 @@ public final class Media {
      *
      * @param executor where the consumer runs; null for the client's event executor
      */
-    public Playback playTime(RecordQuery query, Executor executor, Consumer<? super MediaFrame> consumer) {
+    public Playback playTime(RecordQuery query, Executor executor,
+            Consumer<? super MediaFrame> consumer) {
         Get_RecordStream_Time_Info_t in = new Get_RecordStream_Time_Info_t();
         c.text.put(query.camera().value(), in.szCameraId, "camera");
         in.nRight = query.checkRights() ? 0 : 1;
@@ -262,7 +268,8 @@ public final class Media {
         in.uBeginTime = query.begin();
         in.uEndTime = query.end();
         Opener opener = query.stream() == null
-                ? (h, sink) -> IOrvexCore.ORVEX_GetRecordStreamByTime(c.handle, h, in, sink, c.timeoutMs)
+                ? (h, sink) -> IOrvexCore.ORVEX_GetRecordStreamByTime(
+                        c.handle, h, in, sink, c.timeoutMs)
                 : (h, sink) -> IOrvexCore.ORVEX_GetRecordStreamByStreamType(
                         c.handle, h, in, query.stream().value, sink, c.timeoutMs);
         String operation = query.stream() == null

@@ -321,7 +321,11 @@ public final class OrvexClient implements AutoCloseable {
                 text.get(u.szCodeName));
     }
 
-    /** The logged-in user's organisation, as the platform describes it (a text document). */
+    /**
+     * The logged-in user's organisation, as the platform describes it (a text document). The
+     * bridge hands this one text over as a Java string already, decoded as UTF-8 whatever this
+     * client's charset.
+     */
     public String userOrganisation() {
         GetUserOrgInfo o = new GetUserOrgInfo();
         run("ORVEX_GetUserOrgInfo", () -> IOrvexCore.ORVEX_GetUserOrgInfo(handle, o, timeoutMs));

@@ -76,7 +76,8 @@ public final class PeopleCount implements AutoCloseable {
         if (open.compareAndSet(true, false)) {
             c.untrack(this);
             c.run("ORVEX_StopQueryPersonCount",
-                    () -> IOrvexCore.ORVEX_StopQueryPersonCount(c.handle, id, sequence, c.timeoutMs));
+                    () -> IOrvexCore.ORVEX_StopQueryPersonCount(c.handle, id, sequence,
+                            c.timeoutMs));
         }
     }
 }

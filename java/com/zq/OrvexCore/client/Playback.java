@@ -38,14 +38,16 @@ public final class Playback extends MediaStream {
     public void pause() {
         ensureOpen();
         client.run("ORVEX_PauseRecordStreamBySeq",
-                () -> IOrvexCore.ORVEX_PauseRecordStreamBySeq(client.handle, sequence(), client.timeoutMs));
+                () -> IOrvexCore.ORVEX_PauseRecordStreamBySeq(client.handle, sequence(),
+                        client.timeoutMs));
     }
 
     /** Resumes a paused playback. */
     public void resume() {
         ensureOpen();
         client.run("ORVEX_ResumeRecordStreamBySeq",
-                () -> IOrvexCore.ORVEX_ResumeRecordStreamBySeq(client.handle, sequence(), client.timeoutMs));
+                () -> IOrvexCore.ORVEX_ResumeRecordStreamBySeq(client.handle, sequence(),
+                        client.timeoutMs));
     }
 
     /** Sets the playback speed. */
@@ -65,6 +67,7 @@ public final class Playback extends MediaStream {
     @Override
     void end() {
         client.run("ORVEX_CloseRecordStreamBySeq",
-                () -> IOrvexCore.ORVEX_CloseRecordStreamBySeq(client.handle, sequence(), client.timeoutMs));
+                () -> IOrvexCore.ORVEX_CloseRecordStreamBySeq(client.handle, sequence(),
+                        client.timeoutMs));
     }
 }

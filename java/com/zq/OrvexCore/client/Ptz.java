@@ -142,7 +142,8 @@ public final class Ptz {
         Ptz_Lock_Info_t in = new Ptz_Lock_Info_t();
         c.text.put(camera.value(), in.szCameraId, "camera");
         in.nLock = command.value();
-        c.run("ORVEX_PtzLockCamera", () -> IOrvexCore.ORVEX_PtzLockCamera(c.handle, in, c.timeoutMs));
+        c.run("ORVEX_PtzLockCamera",
+                () -> IOrvexCore.ORVEX_PtzLockCamera(c.handle, in, c.timeoutMs));
     }
 
     private Ptz_Open_Command_Info_t onOff(boolean on) {
@@ -155,7 +156,8 @@ public final class Ptz {
     /** Switches the camera's light. */
     public void light(boolean on) {
         Ptz_Open_Command_Info_t in = onOff(on);
-        c.run("ORVEX_PtzLightControl", () -> IOrvexCore.ORVEX_PtzLightControl(c.handle, in, c.timeoutMs));
+        c.run("ORVEX_PtzLightControl",
+                () -> IOrvexCore.ORVEX_PtzLightControl(c.handle, in, c.timeoutMs));
     }
 
     /** Switches the camera's rain brush (wiper). */
@@ -174,7 +176,8 @@ public final class Ptz {
         c.text.put(camera.value(), in.szCameraId, "camera");
         in.nCmd = command;
         in.nParam = parameter;
-        c.run("ORVEX_PtzExtendCommand", () -> IOrvexCore.ORVEX_PtzExtendCommand(c.handle, in, c.timeoutMs));
+        c.run("ORVEX_PtzExtendCommand",
+                () -> IOrvexCore.ORVEX_PtzExtendCommand(c.handle, in, c.timeoutMs));
     }
 
     /** The camera's presets (at most {@value Ptz_Prepoint_Info_t#MAX_POINTS}). */
@@ -183,7 +186,8 @@ public final class Ptz {
         c.text.put(camera.value(), in.szCameraId, "camera");
         // Offered as the capacity, for a library that reads it: the structure holds this many.
         in.nCount = Ptz_Prepoint_Info_t.MAX_POINTS;
-        c.run("ORVEX_QueryPrePoint", () -> IOrvexCore.ORVEX_QueryPrePoint(c.handle, in, c.timeoutMs));
+        c.run("ORVEX_QueryPrePoint",
+                () -> IOrvexCore.ORVEX_QueryPrePoint(c.handle, in, c.timeoutMs));
         int n = Math.max(0, Math.min(in.nCount, in.pPoints.length));
         List<Preset> out = new ArrayList<>(n);
         for (int i = 0; i < n; i++) {

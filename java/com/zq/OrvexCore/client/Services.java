@@ -61,11 +61,14 @@ public final class Services {
         byte[] command = c.text.arg(json, "json");
         byte[] answer = new byte[positive(answerCapacity)];
         c.run("ORVEX_SendCammandToCMSByJson",
-                () -> IOrvexCore.ORVEX_SendCammandToCMSByJson(c.handle, command, answer, c.timeoutMs));
+                () -> IOrvexCore.ORVEX_SendCammandToCMSByJson(c.handle, command, answer,
+                        c.timeoutMs));
         return c.text.get(answer);
     }
 
-    /** Sends a JSON command about one camera to the device management module; returns its answer. */
+    /**
+     * Sends a JSON command about one camera to the device management module; returns its answer.
+     */
     public String sendToDms(CameraId camera, String json, int answerCapacity) {
         byte[] command = c.text.arg(json, "json");
         byte[] id = c.text.arg(camera.value(), "camera");
@@ -117,7 +120,8 @@ public final class Services {
         }
         int[] users = userIds.stream().mapToInt(Integer::intValue).toArray();
         byte[] msg = c.text.arg(message, "message");
-        c.run("ORVEX_ShareVideo", () -> IOrvexCore.ORVEX_ShareVideo(c.handle, in, users, msg, c.timeoutMs));
+        c.run("ORVEX_ShareVideo",
+                () -> IOrvexCore.ORVEX_ShareVideo(c.handle, in, users, msg, c.timeoutMs));
     }
 
     /** Shows a text on a device's video (at most 255 bytes). */
@@ -140,10 +144,13 @@ public final class Services {
         return c.text.get(in.pXmlData);
     }
 
-    /** Asks for the channel states of an NVR; they arrive through {@link Events#onNvrChannelStatus}. */
+    /**
+     * Asks for the channel states of an NVR; they arrive through {@link Events#onNvrChannelStatus}.
+     */
     public void queryNvrChannels(DeviceId nvr) {
         byte[] id = c.text.arg(nvr.value(), "nvr");
-        c.run("ORVEX_QueryNVRChnlStatus", () -> IOrvexCore.ORVEX_QueryNVRChnlStatus(c.handle, id, c.timeoutMs));
+        c.run("ORVEX_QueryNVRChnlStatus",
+                () -> IOrvexCore.ORVEX_QueryNVRChnlStatus(c.handle, id, c.timeoutMs));
     }
 
     /** The last GPS states the platform knows, as the XML text it sends. */

@@ -42,13 +42,15 @@ public final class Talk extends MediaStream {
             d.nAudioType = options.audioType();
             d.nTalkBits = options.bits();
             d.nSampleRate = options.sampleRate();
-            client.run("ORVEX_SendAudioData", () -> IOrvexCore.ORVEX_SendAudioData(client.handle, d));
+            client.run("ORVEX_SendAudioData",
+                    () -> IOrvexCore.ORVEX_SendAudioData(client.handle, d));
         }
     }
 
     @Override
     void end() {
         client.run("ORVEX_CloseTalkStreamBySeq",
-                () -> IOrvexCore.ORVEX_CloseTalkStreamBySeq(client.handle, sequence(), client.timeoutMs));
+                () -> IOrvexCore.ORVEX_CloseTalkStreamBySeq(client.handle, sequence(),
+                        client.timeoutMs));
     }
 }

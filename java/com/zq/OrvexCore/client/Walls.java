@@ -127,7 +127,8 @@ public final class Walls {
     }
 
     /** Opens a free window on a screen, placed in the screen's coordinates. */
-    public Window openWindow(int wall, int screen, float left, float top, float width, float height) {
+    public Window openWindow(int wall, int screen, float left, float top, float width,
+            float height) {
         TvWall_Screen_Open_Window_t in = new TvWall_Screen_Open_Window_t();
         in.nTvWallId = wall;
         in.nScreenId = screen;
@@ -142,13 +143,15 @@ public final class Walls {
 
     /** Clears every screen of a wall. */
     public void clear(int wall) {
-        c.run("ORVEX_ClearTvWallScreen", () -> IOrvexCore.ORVEX_ClearTvWallScreen(c.handle, wall, c.timeoutMs));
+        c.run("ORVEX_ClearTvWallScreen",
+                () -> IOrvexCore.ORVEX_ClearTvWallScreen(c.handle, wall, c.timeoutMs));
     }
 
     /** Clears the screens of a wall that one decoder drives. */
     public void clear(int wall, String decoder) {
         byte[] id = c.text.arg(decoder, "decoder");
         c.run("ORVEX_ClearTvWallScreenByDecodeId",
-                () -> IOrvexCore.ORVEX_ClearTvWallScreenByDecodeId(c.handle, wall, id, c.timeoutMs));
+                () -> IOrvexCore.ORVEX_ClearTvWallScreenByDecodeId(c.handle, wall, id,
+                        c.timeoutMs));
     }
 }
