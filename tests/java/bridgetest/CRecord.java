@@ -5,43 +5,48 @@ import java.nio.ByteOrder;
 import java.nio.charset.StandardCharsets;
 
 /** Builds the raw little-endian bytes of a C record, member by member at stated offsets. */
-final class CRecord {
+public final class CRecord {
     private final ByteBuffer buf;
 
-    CRecord(int size) {
+    public CRecord(int size) {
         buf = ByteBuffer.allocate(size).order(ByteOrder.LITTLE_ENDIAN);
     }
 
-    CRecord i32(int offset, int v) {
+    public CRecord i32(int offset, int v) {
         buf.putInt(offset, v);
         return this;
     }
 
-    CRecord i64(int offset, long v) {
+    public CRecord i64(int offset, long v) {
         buf.putLong(offset, v);
         return this;
     }
 
+    public CRecord f32(int offset, float v) {
+        buf.putFloat(offset, v);
+        return this;
+    }
+
     /** ASCII text without terminator (the record is zero-filled). */
-    CRecord text(int offset, String s) {
+    public CRecord text(int offset, String s) {
         return raw(offset, s.getBytes(StandardCharsets.US_ASCII));
     }
 
-    CRecord raw(int offset, byte[] bytes) {
+    public CRecord raw(int offset, byte[] bytes) {
         buf.put(offset, bytes);
         return this;
     }
 
-    byte[] bytes() {
+    public byte[] bytes() {
         return buf.array();
     }
 
-    static byte[] ascii(String s) {
+    public static byte[] ascii(String s) {
         return s.getBytes(StandardCharsets.US_ASCII);
     }
 
     /** {@code n} bytes of {@code fill}. */
-    static byte[] filled(int n, int fill) {
+    public static byte[] filled(int n, int fill) {
         byte[] b = new byte[n];
         java.util.Arrays.fill(b, (byte) fill);
         return b;

@@ -1,0 +1,90 @@
+package clitest;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+
+import java.io.IOException;
+import java.nio.charset.StandardCharsets;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.concurrent.TimeUnit;
+import org.junit.jupiter.api.Tag;
+import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.io.TempDir;
+
+/**
+ * The tool as an operator runs it: through {@code scripts/orvex}, in a process of its own, on the
+ * simulated platform. Needs the simulated site (its users and cameras), hence the tag.
+ */
+@Tag("platform")
+class OrvexToolTest {
+    /** The user the simulated site lets in; the tool's defaults name it too. */
+    static final String USER = System.getProperty("orvex.site.user", "admin");
+    static final String PASSWORD = System.getProperty("orvex.site.password", "admin");
+
+    record Result(int status, String out, String err) {}
+
+    static Result orvex(String... args) throws IOException, InterruptedException {
+        List<String> command = new ArrayList<>();
+        command.add(System.getProperty("orvex.tool"));
+        command.addAll(List.of(args));
+        // The tool inherits this JVM's environment: the client library's directory, and on a
+        // sanitizer build the runtime its libraries need.
+        ProcessBuilder pb = new ProcessBuilder(command);
+        Path out = Files.createTempFile("orvex-out", ".txt");
+        Path err = Files.createTempFile("orvex-err", ".txt");
+        pb.redirectOutput(out.toFile()).redirectError(err.toFile());
+        Process p = pb.start();
+        if (!p.waitFor(120, TimeUnit.SECONDS)) {
+            p.destroyForcibly();
+            throw new AssertionError("orvex " + String.join(" ", args) + " did not finish");
+        }
+        Result r = new Result(p.exitValue(), Files.readString(out, StandardCharsets.UTF_8),
+                Files.readString(err, StandardCharsets.UTF_8));
+        Files.delete(out);
+        Files.delete(err);
+        return r;
+    }
+
+    static String firstCamera(String tree) {
+        for (String line : tree.split("\n")) {
+            String t = line.strip();
+            if (t.startsWith("camera ")) {
+                return t.split(" ")[1];
+            }
+        }
+        throw new AssertionError("no camera in the tree:\n" + tree);
+    }
+
+    @Test
+    void treeListsTheSite() throws Exception {
+        Result r = orvex("tree", "--user", USER, "--password", PASSWORD);
+        assertEquals(0, r.status(), r.err());
+        assertTrue(r.out().contains("department "), r.out());
+        assertTrue(r.out().contains("  device "), r.out());
+        firstCamera(r.out());
+    }
+
+    @Test
+    void liveSavesAJpegFrame(@TempDir Path dir) throws Exception {
+        String camera = firstCamera(orvex("tree", "--user", USER, "--password", PASSWORD).out());
+        Path frame = dir.resolve("frame.jpg");
+        Result r = orvex("live", camera, "--save-frame", frame.toString(), "--user", USER,
+                "--password", PASSWORD);
+        assertEquals(0, r.status(), r.out() + r.err());
+        byte[] jpeg = Files.readAllBytes(frame);
+        assertTrue(jpeg.length > 4 && (jpeg[0] & 0xFF) == 0xFF && (jpeg[1] & 0xFF) == 0xD8,
+                "not a JPEG: " + jpeg.length + " bytes");
+        assertTrue(r.out().contains("saved frame"), r.out());
+    }
+
+    @Test
+    void aWrongPasswordFailsWithTheLoginCode() throws Exception {
+        Result r = orvex("tree", "--user", USER, "--password", "not-" + PASSWORD);
+        assertEquals(1, r.status(), r.out());
+        assertTrue(r.err().contains("ORVEX_Login failed with result code 1004: "
+                + "the user name or password is wrong"), r.err());
+    }
+}
