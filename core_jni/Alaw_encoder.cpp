@@ -1,5 +1,5 @@
-// Table-driven G.711 codec. Every conversion is one table look-up plus a sign mask, so the
-// encoders have no per-segment branching.
+// Table-driven G.711 codec. Every conversion is one table look-up plus a sign mask, with no
+// branch on the sample or its segment.
 #include "Alaw_encoder.h"
 
 #include <cstring>
@@ -510,23 +510,63 @@ const unsigned char _A2u[256] = {
 
 namespace {
 
-// Negation in 16 bits: -32768 stays -32768, which the callers below depend on.
-inline short negate16(short l) {
-    return static_cast<short>(-l);
+// The encoders look codes up by magnitude in tables of their own, built once from the exported
+// ones: no branch depends on a sample, and the tables (2 KiB and 4 KiB) stay in the first-level
+// cache where a full-range 64 KiB table would not.
+//
+// A sample's sign s is 0 or -1; its magnitude is (x ^ s) - s, 32768 for -32768, and a negative
+// sample's code has its sign bit cleared.
+struct Magnitude {
+    int m;
+    unsigned char mask;
+};
+
+inline Magnitude magnitude(short l) {
+    const int x = l;
+    const int s = x >> 31;
+    return {(x ^ s) - s, static_cast<unsigned char>(0xFF ^ (s & 0x80))};
 }
 
-// One A-law sample. A sample of -32768 still reads as negative after negation and gives the
-// index -2048. The original data layout placed _l2u directly before l2A, so that index hit
-// _l2u[4096 - 2048]; reading that byte explicitly keeps the established code (0x0F) without
-// stepping outside l2A.
-inline unsigned char alaw_code(short l) {
-    const unsigned char mask = l < 0 ? 0x7F : 0xFF;
-    if (l < 0) {
-        l = negate16(l);
+// A-law by magnitude >> 4. The last entry serves -32768 alone: the original data layout placed
+// _l2u directly before l2A and negation left -32768 negative, so that sample read
+// _l2u[4096 - 2048]; its established code (0x0F) is kept without reading outside any table.
+struct AlawByMagnitude {
+    unsigned char code[2048 + 1];
+    AlawByMagnitude() {
+        std::memcpy(code, l2A, sizeof l2A);
+        code[2048] = _l2u[4096 - 2048];
     }
-    const int index = l >> 4;
-    const unsigned char code = index >= 0 ? l2A[index] : _l2u[4096 + index];
-    return static_cast<unsigned char>(code & mask);
+};
+
+// u-law by (magnitude + 4) >> 3, plus 1 for -32768: magnitudes 0..3 share the zero code, and
+// -32768 (whose negation overflowed in 16 bits) has always encoded as that zero code too.
+struct UlawByMagnitude {
+    unsigned char code[4096 + 2];
+    UlawByMagnitude() {
+        code[0] = 0xFF;
+        std::memcpy(code + 1, _l2u, sizeof _l2u);
+        code[4096 + 1] = 0xFF;
+    }
+};
+
+const AlawByMagnitude& alaw_table() {
+    static const AlawByMagnitude table;
+    return table;
+}
+
+const UlawByMagnitude& ulaw_table() {
+    static const UlawByMagnitude table;
+    return table;
+}
+
+inline unsigned char alaw_code(const AlawByMagnitude& t, short l) {
+    const Magnitude v = magnitude(l);
+    return static_cast<unsigned char>(t.code[v.m >> 4] & v.mask);
+}
+
+inline unsigned char ulaw_code(const UlawByMagnitude& t, short l) {
+    const Magnitude v = magnitude(l);
+    return static_cast<unsigned char>(t.code[((v.m + 4) >> 3) + (v.m >> 15)] & v.mask);
 }
 
 // Samples are read byte-wise because the caller's buffer need not be aligned for short.
@@ -539,19 +579,11 @@ inline short load_sample(const char* src, int i) {
 }  // namespace
 
 unsigned char linear2ulaw(short l) {
-    const unsigned char mask = l < 0 ? 0x7F : 0xFF;
-    if (l < 0) {
-        l = negate16(l);
-    }
-    // Magnitudes 0..3 share the zero code; -32768 (negation overflowed) lands here as well.
-    if (l <= 3) {
-        return mask;
-    }
-    return static_cast<unsigned char>(_l2u[(l - 4) >> 3] & mask);
+    return ulaw_code(ulaw_table(), l);
 }
 
 unsigned char linear2alaw(short l) {
-    return alaw_code(l);
+    return alaw_code(alaw_table(), l);
 }
 
 short ulaw2linear(unsigned char u) {
@@ -573,8 +605,9 @@ unsigned char alaw2ulaw(unsigned char a) {
 int g711a_Encode(char* src, char* dest, int srclen, int* dstlen) {
     *dstlen = 0;
     const int n = srclen / 2;
+    const AlawByMagnitude& table = alaw_table();
     for (int i = 0; i < n; ++i) {
-        dest[i] = static_cast<char>(alaw_code(load_sample(src, i)));
+        dest[i] = static_cast<char>(alaw_code(table, load_sample(src, i)));
     }
     *dstlen = n;
     return 1;
@@ -583,8 +616,9 @@ int g711a_Encode(char* src, char* dest, int srclen, int* dstlen) {
 int g711u_Encode(char* src, char* dest, int srclen, int* dstlen) {
     *dstlen = 0;
     const int n = srclen / 2;
+    const UlawByMagnitude& table = ulaw_table();
     for (int i = 0; i < n; ++i) {
-        dest[i] = static_cast<char>(linear2ulaw(load_sample(src, i)));
+        dest[i] = static_cast<char>(ulaw_code(table, load_sample(src, i)));
     }
     *dstlen = n;
     return 1;

@@ -38,10 +38,15 @@ void AddError(std::string message) {
 }  // namespace
 
 CallRecord::CallRecord(const char* fn) {
-    call_.fn = fn;
+    if (recording()) {
+        call_.fn = fn;
+    }
 }
 
 CallRecord& CallRecord::scalar(const char* name, int64_t value) {
+    if (!recording()) {
+        return *this;
+    }
     Arg arg;
     arg.name = name;
     arg.value = value;
@@ -50,6 +55,9 @@ CallRecord& CallRecord::scalar(const char* name, int64_t value) {
 }
 
 CallRecord& CallRecord::address(const char* name, const void* p) {
+    if (!recording()) {
+        return *this;
+    }
     Arg arg;
     arg.name = name;
     arg.pointer = true;
@@ -60,6 +68,9 @@ CallRecord& CallRecord::address(const char* name, const void* p) {
 }
 
 CallRecord& CallRecord::bytes(const char* name, const void* p, std::size_t n) {
+    if (!recording()) {
+        return *this;
+    }
     Arg arg;
     arg.name = name;
     arg.pointer = true;
@@ -77,6 +88,9 @@ CallRecord& CallRecord::text(const char* name, const char* s) {
 }
 
 CallRecord& CallRecord::out(const char* name, void* p, std::size_t n) {
+    if (!recording()) {
+        return *this;
+    }
     bytes(name, p, n);
     if (p != nullptr) {
         targets_.push_back({name, p, n});
@@ -93,6 +107,9 @@ int32_t CallRecord::finishAlways(const std::function<int32_t()>& answer) {
 }
 
 int32_t CallRecord::finishWith(const std::function<int32_t()>& unscripted) {
+    if (!recording()) {
+        return 0;
+    }
     Reply reply;
     bool scripted = false;
     {
@@ -353,6 +370,29 @@ void setMode(Mode m) {
 
 Mode mode() {
     return CurrentMode().load();
+}
+
+}  // namespace orvexsim
+
+namespace orvexsim {
+namespace {
+
+std::atomic<bool>& Recording() {
+    static std::atomic<bool> on{[] {
+        const char* chosen = std::getenv("ORVEX_SIM_RECORD");
+        return chosen == nullptr || std::strcmp(chosen, "off") != 0;
+    }()};
+    return on;
+}
+
+}  // namespace
+
+void setRecording(bool on) {
+    Recording().store(on, std::memory_order_relaxed);
+}
+
+bool recording() {
+    return Recording().load(std::memory_order_relaxed);
 }
 
 }  // namespace orvexsim

@@ -177,4 +177,11 @@ enum class Mode { Platform, ScriptedOnly };
 ORVEXSIM_API void setMode(Mode mode);
 ORVEXSIM_API Mode mode();
 
+// Whether calls are recorded at all. Off, every call returns 0 at once, unrecorded and with its
+// outputs untouched (neither scripts nor the simulated platform answer), and callback
+// registrations are still kept: so that benchmarks measure the bridge, not the stand-in. The
+// environment variable ORVEX_SIM_RECORD=off turns it off at load.
+ORVEXSIM_API void setRecording(bool on);
+ORVEXSIM_API bool recording();
+
 }  // namespace orvexsim
