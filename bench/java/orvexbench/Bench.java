@@ -1,0 +1,238 @@
+package orvexbench;
+
+import com.sun.jna.Native;
+import com.sun.jna.Pointer;
+import com.zq.OrvexCore.Device_Info_Ex_t;
+import com.zq.OrvexCore.Get_Dep_Info_t;
+import com.zq.OrvexCore.Get_RealStream_Info_t;
+import com.zq.OrvexCore.IOrvexCore;
+import com.zq.OrvexCore.MediaDataCallback;
+import com.zq.OrvexCore.Ptz_Direct_Info_t;
+import com.zq.OrvexCore.Return_Value_Info_t;
+import java.util.Arrays;
+
+/**
+ * Measures the bridge against its baselines and JNA on the stand-in library with recording off
+ * ({@code ORVEX_SIM_RECORD=off}). Prints one line {@code RESULT <name> <nanoseconds per
+ * operation>} per measurement: the median of several repetitions after a warm-up.
+ *
+ * <p>Usage: {@code Bench default|attached full|smoke}. The first word must match how the JVM
+ * was started: {@code attached} runs only the measurements that need
+ * {@code -Dorvex.events.threads=attached}. {@code smoke} runs every measurement once with a tiny
+ * count.
+ */
+public final class Bench {
+    private static final int HANDLE = 1;
+    private static final int KIB = 1024;
+    private static final int DEVICES = 1000;
+
+    /** One timed batch of {@code n} operations; returns the elapsed nanoseconds. */
+    private interface Batch {
+        long run(int n);
+    }
+
+    /** The listener every media measurement delivers to: it touches what it receives. */
+    static final class Sink implements MediaDataCallback {
+        long seen;
+
+        @Override
+        public void invoke(int handle, int seq, int mediaType, byte[] nodeId, int paramVal,
+                byte[] data, int dataLen) {
+            seen += nodeId.length + data.length + (dataLen > 0 ? data[dataLen - 1] : 0);
+        }
+    }
+
+    private final boolean smoke;
+    private final int repetitions;
+    private final double targetNanos;
+    private long blackhole;
+
+    private Bench(boolean smoke) {
+        this.smoke = smoke;
+        this.repetitions = smoke ? 1 : 7;
+        this.targetNanos = 60e6;
+    }
+
+    public static void main(String[] args) {
+        if (args.length != 2) {
+            System.err.println("usage: Bench default|attached full|smoke");
+            System.exit(2);
+        }
+        boolean attached = args[0].equals("attached");
+        if (attached != "attached".equals(System.getProperty("orvex.events.threads"))) {
+            System.err.println("Bench " + args[0] + " needs the JVM started accordingly");
+            System.exit(2);
+        }
+        Bench bench = new Bench(args[1].equals("smoke"));
+        if (attached) {
+            bench.attachedMedia();
+        } else {
+            bench.natives();
+            bench.defaultMedia();
+        }
+    }
+
+    /** Runs, reports and returns the median nanoseconds per operation. */
+    private double measure(String name, Batch batch, int opsPerRun, double target) {
+        int n = 1;
+        double[] perOp = new double[repetitions];
+        if (!smoke) {
+            long warm = 0;
+            long elapsed;
+            while ((elapsed = batch.run(n)) < target / 2 || warm < 3 * target) {
+                warm += elapsed;
+                if (elapsed < target / 2) {
+                    n *= 2;
+                }
+            }
+        }
+        for (int r = 0; r < repetitions; r++) {
+            perOp[r] = (double) batch.run(n) / ((double) n * opsPerRun);
+        }
+        Arrays.sort(perOp);
+        double median = perOp[perOp.length / 2];
+        System.out.printf("RESULT %s %.3f%n", name, median);
+        return median;
+    }
+
+    private double measure(String name, Batch batch) {
+        return measure(name, batch, 1, targetNanos);
+    }
+
+    // ---- Java -> native
+
+    private void natives() {
+        measure("native.empty", n -> {
+            long t = System.nanoTime();
+            for (int i = 0; i < n; i++) {
+                blackhole += Natives.empty(HANDLE, i, 0);
+            }
+            return System.nanoTime() - t;
+        });
+        measure("native.scalar.bridge", n -> {
+            long t = System.nanoTime();
+            for (int i = 0; i < n; i++) {
+                blackhole += IOrvexCore.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
+            }
+            return System.nanoTime() - t;
+        });
+        measure("native.scalar.jna-direct", n -> {
+            long t = System.nanoTime();
+            for (int i = 0; i < n; i++) {
+                blackhole += Jna.Direct.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
+            }
+            return System.nanoTime() - t;
+        });
+        measure("native.scalar.jna-interface", n -> {
+            long t = System.nanoTime();
+            for (int i = 0; i < n; i++) {
+                blackhole += Jna.Core.INSTANCE.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
+            }
+            return System.nanoTime() - t;
+        });
+
+        Ptz_Direct_Info_t ptz = new Ptz_Direct_Info_t();
+        System.arraycopy("camera-0001".getBytes(), 0, ptz.szCameraId, 0, 11);
+        ptz.nDirect = 3;
+        ptz.nStep = 5;
+        measure("ptz.bridge", n -> {
+            long t = System.nanoTime();
+            for (int i = 0; i < n; i++) {
+                blackhole += IOrvexCore.ORVEX_PtzDirection(HANDLE, ptz, 1000);
+            }
+            return System.nanoTime() - t;
+        });
+        Jna.PtzDirect jnaPtz = new Jna.PtzDirect();
+        check(jnaPtz.size() == 76, "Ptz_Direct_Info_t is 76 bytes through JNA");
+        System.arraycopy("camera-0001".getBytes(), 0, jnaPtz.szCameraId, 0, 11);
+        jnaPtz.nDirect = 3;
+        jnaPtz.nStep = 5;
+        measure("ptz.jna-structure", n -> {
+            long t = System.nanoTime();
+            for (int i = 0; i < n; i++) {
+                blackhole += Jna.Core.INSTANCE.ORVEX_PtzDirection(HANDLE, jnaPtz, 1000);
+            }
+            return System.nanoTime() - t;
+        });
+
+        // The bridge keeps the C records of a successful read (1.5 MB per call here): the run
+        // is kept short so that this stays a few hundred megabytes.
+        Get_Dep_Info_t group = new Get_Dep_Info_t(0, DEVICES);
+        measure("devices.bridge", n -> {
+            long t = System.nanoTime();
+            for (int i = 0; i < n; i++) {
+                blackhole += IOrvexCore.ORVEX_GetDGroupInfo(HANDLE, group);
+            }
+            Device_Info_Ex_t last = group.pDeviceInfo[DEVICES - 1];
+            blackhole += last.nPort + last.szId[0];
+            return System.nanoTime() - t;
+        }, 1, 10e6);
+        Jna.DeviceInfoEx[] devices = (Jna.DeviceInfoEx[]) new Jna.DeviceInfoEx().toArray(DEVICES);
+        check(devices[0].size() == 1480, "Device_Info_Ex_t is 1480 bytes through JNA");
+        Jna.GetDepInfo jnaGroup = new Jna.GetDepInfo();
+        check(jnaGroup.size() == 160, "Get_Dep_Info_t is 160 bytes through JNA");
+        measure("devices.jna-structure-array", n -> {
+            long t = System.nanoTime();
+            for (int i = 0; i < n; i++) {
+                jnaGroup.nDeviceCount = DEVICES;
+                jnaGroup.pDeviceInfo = devices[0].getPointer();
+                blackhole += Jna.Core.INSTANCE.ORVEX_GetDGroupInfo(HANDLE, jnaGroup);
+                for (Jna.DeviceInfoEx d : devices) {
+                    d.read();
+                }
+            }
+            blackhole += devices[DEVICES - 1].nPort + devices[DEVICES - 1].szId[0];
+            return System.nanoTime() - t;
+        }, 1, 10e6);
+    }
+
+    // ---- native -> Java
+
+    /** The bridge's media trampoline as the stand-in keeps it for a stream opened to {@code sink}. */
+    private static long[] bridgeMedia(Sink sink) {
+        Return_Value_Info_t seq = new Return_Value_Info_t();
+        Get_RealStream_Info_t info = new Get_RealStream_Info_t();
+        check(IOrvexCore.ORVEX_GetRealStream(HANDLE, seq, info, sink, 1000) == 0, "stream opened");
+        long[] callback = Natives.streamCallback(HANDLE, seq.nReturnValue);
+        check(callback[0] != 0, "the stand-in keeps the stream's callback");
+        return callback;
+    }
+
+    private Batch driven(long[] callback, int bytes, int threads) {
+        return n -> Natives.drive(callback[0], callback[1], n, bytes, threads);
+    }
+
+    private void defaultMedia() {
+        Sink sink = new Sink();
+        long[] bridge = bridgeMedia(sink);
+        long[] floor = Natives.baseline(false, sink);
+        for (int kib : new int[] {1, 64, 1024}) {
+            measure("media.default." + kib + "k.bridge", driven(bridge, kib * KIB, 1));
+            measure("media.default." + kib + "k.floor", driven(floor, kib * KIB, 1));
+        }
+        Jna.Driver driver = Native.load(System.getProperty("orvex.bench.library"), Jna.Driver.class);
+        Jna.MediaCallbackC jna = Jna.media(sink, false);
+        measure("media.default.1k.jna", n -> driver.orvexbench_drive(jna, Pointer.NULL, n, KIB, 1));
+        blackhole += sink.seen;
+    }
+
+    private void attachedMedia() {
+        Sink sink = new Sink();
+        long[] bridge = bridgeMedia(sink);
+        long[] limit = Natives.baseline(true, sink);
+        measure("media.attached.1k.bridge", driven(bridge, KIB, 1));
+        measure("media.attached.1k.bridge-2threads", driven(bridge, KIB, 2), 2, targetNanos);
+        measure("media.attached.1k.limit", driven(limit, KIB, 1));
+        Jna.Driver driver = Native.load(System.getProperty("orvex.bench.library"), Jna.Driver.class);
+        Jna.MediaCallbackC jna = Jna.media(sink, true);
+        measure("media.attached.1k.jna-kept",
+                n -> driver.orvexbench_drive(jna, Pointer.NULL, n, KIB, 1));
+        blackhole += sink.seen;
+    }
+
+    private static void check(boolean ok, String what) {
+        if (!ok) {
+            throw new IllegalStateException("benchmark set-up failed: " + what);
+        }
+    }
+}
