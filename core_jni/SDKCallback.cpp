@@ -49,20 +49,31 @@ void FillArray(JNIEnv* env, jbyteArray array, const Bytes& from) {
 std::atomic<bool> g_attachedThreads{false};
 
 // The attachment of one library thread in attached mode; its destructor runs when the library
-// ends the thread.
+// ends the thread. It also remembers the last listener class and "invoke" the thread resolved:
+// looking the method up again costs more than the rest of a small event. The class is held by a
+// weak reference, and the method is reused only while that reference is still the listener's
+// class: a class that was unloaded clears the reference and can never match.
 struct ThreadAttachment {
     JavaVM* vm = nullptr;  // set only when this bridge attached the thread
     JNIEnv* env = nullptr;
+    jweak cls = nullptr;
+    const ListenerKind* kind = nullptr;
+    jmethodID invoke = nullptr;
 
     ~ThreadAttachment() {
         if (vm != nullptr) {
+            if (cls != nullptr) {
+                env->DeleteWeakGlobalRef(cls);
+            }
             vm->DetachCurrentThread();
         }
     }
 };
 
+thread_local ThreadAttachment t_attachment;
+
 JNIEnv* KeptAttachedEnv(JavaVM* vm) {
-    thread_local ThreadAttachment attachment;
+    ThreadAttachment& attachment = t_attachment;
     if (attachment.env == nullptr) {
         JNIEnv* env = nullptr;
         if (vm->GetEnv(reinterpret_cast<void**>(&env), JNI_VERSION_1_6) != JNI_OK) {
@@ -75,6 +86,28 @@ JNIEnv* KeptAttachedEnv(JavaVM* vm) {
         attachment.env = env;
     }
     return attachment.env;
+}
+
+// "invoke" of the listener's class `cls` on a thread kept attached. Only threads this bridge
+// attached keep the cache: another thread's end may come after the virtual machine let it go.
+jmethodID KeptAttachedInvoke(JNIEnv* env, jclass cls, const ListenerKind& kind) {
+    ThreadAttachment& cache = t_attachment;
+    if (cache.vm == nullptr) {
+        return env->GetMethodID(cls, "invoke", kind.signature);
+    }
+    if (cache.kind == &kind && cache.cls != nullptr && env->IsSameObject(cls, cache.cls)) {
+        return cache.invoke;
+    }
+    const jmethodID invoke = env->GetMethodID(cls, "invoke", kind.signature);
+    if (invoke != nullptr) {
+        if (cache.cls != nullptr) {
+            env->DeleteWeakGlobalRef(cache.cls);
+        }
+        cache.cls = env->NewWeakGlobalRef(cls);
+        cache.kind = &kind;
+        cache.invoke = invoke;
+    }
+    return invoke;
 }
 
 // An exception the listener threw, on a thread that stays attached: nothing may stay pending
@@ -124,8 +157,9 @@ void HandOverToUncaughtHandler(JNIEnv* env) {
 // in attached mode finds it attached, and resolves the listener's class and "invoke";
 // destruction deletes the tracked local references in the order they were made, then the
 // class, and detaches unconditionally in the default mode. The listener's class and method are
-// looked up on every event (a listener may come from any class loader); the trampoline returns
-// 0 whatever happens.
+// looked up on every event (a listener may come from any class loader; a thread kept attached
+// reuses the method while the class is provably the same); the trampoline returns 0 whatever
+// happens.
 class Event {
   public:
     Event(void* pUserParam, const ListenerKind& kind)
@@ -141,7 +175,8 @@ class Event {
             vm_->AttachCurrentThread(reinterpret_cast<void**>(&env_), nullptr);
         }
         cls_ = env_->GetObjectClass(listener_);
-        invoke_ = env_->GetMethodID(cls_, "invoke", kind.signature);
+        invoke_ = keptAttached_ ? KeptAttachedInvoke(env_, cls_, kind)
+                                : env_->GetMethodID(cls_, "invoke", kind.signature);
         if (invoke_ == nullptr) {
             // A listener without the kind's invoke (installed behind the setters' check) has
             // nothing to receive the event: it ends here, cleanly.

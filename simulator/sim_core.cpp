@@ -37,16 +37,23 @@ void AddError(std::string message) {
 
 }  // namespace
 
-CallRecord::CallRecord(const char* fn) {
-    if (recording()) {
-        call_.fn = fn;
-    }
-}
+std::atomic<bool> CallRecord::quietFlag{false};
 
-CallRecord& CallRecord::scalar(const char* name, int64_t value) {
-    if (!recording()) {
-        return *this;
+namespace {
+
+// The environment is read once at load; until then (and without it) calls are recorded.
+[[maybe_unused]] const bool g_quietFromEnvironment = [] {
+    const char* chosen = std::getenv("ORVEX_SIM_RECORD");
+    const bool quiet = chosen != nullptr && std::strcmp(chosen, "off") == 0;
+    if (quiet) {
+        CallRecord::quietFlag.store(true, std::memory_order_relaxed);
     }
+    return quiet;
+}();
+
+}  // namespace
+
+CallRecord& CallRecord::recordScalar(const char* name, int64_t value) {
     Arg arg;
     arg.name = name;
     arg.value = value;
@@ -54,10 +61,7 @@ CallRecord& CallRecord::scalar(const char* name, int64_t value) {
     return *this;
 }
 
-CallRecord& CallRecord::address(const char* name, const void* p) {
-    if (!recording()) {
-        return *this;
-    }
+CallRecord& CallRecord::recordAddress(const char* name, const void* p) {
     Arg arg;
     arg.name = name;
     arg.pointer = true;
@@ -67,10 +71,7 @@ CallRecord& CallRecord::address(const char* name, const void* p) {
     return *this;
 }
 
-CallRecord& CallRecord::bytes(const char* name, const void* p, std::size_t n) {
-    if (!recording()) {
-        return *this;
-    }
+CallRecord& CallRecord::recordBytes(const char* name, const void* p, std::size_t n) {
     Arg arg;
     arg.name = name;
     arg.pointer = true;
@@ -83,33 +84,23 @@ CallRecord& CallRecord::bytes(const char* name, const void* p, std::size_t n) {
     return *this;
 }
 
-CallRecord& CallRecord::text(const char* name, const char* s) {
-    return bytes(name, s, s ? std::strlen(s) + 1 : 0);
+CallRecord& CallRecord::recordText(const char* name, const char* s) {
+    return recordBytes(name, s, s ? std::strlen(s) + 1 : 0);
 }
 
-CallRecord& CallRecord::out(const char* name, void* p, std::size_t n) {
-    if (!recording()) {
-        return *this;
-    }
-    bytes(name, p, n);
+CallRecord& CallRecord::recordOut(const char* name, void* p, std::size_t n) {
+    recordBytes(name, p, n);
     if (p != nullptr) {
         targets_.push_back({name, p, n});
     }
     return *this;
 }
 
-int32_t CallRecord::finish(const std::function<int32_t()>& platform) {
+int32_t CallRecord::finishRecorded(const std::function<int32_t()>& platform) {
     return finishWith(mode() == Mode::Platform ? platform : nullptr);
 }
 
-int32_t CallRecord::finishAlways(const std::function<int32_t()>& answer) {
-    return finishWith(answer);
-}
-
 int32_t CallRecord::finishWith(const std::function<int32_t()>& unscripted) {
-    if (!recording()) {
-        return 0;
-    }
     Reply reply;
     bool scripted = false;
     {
@@ -375,24 +366,13 @@ Mode mode() {
 }  // namespace orvexsim
 
 namespace orvexsim {
-namespace {
-
-std::atomic<bool>& Recording() {
-    static std::atomic<bool> on{[] {
-        const char* chosen = std::getenv("ORVEX_SIM_RECORD");
-        return chosen == nullptr || std::strcmp(chosen, "off") != 0;
-    }()};
-    return on;
-}
-
-}  // namespace
 
 void setRecording(bool on) {
-    Recording().store(on, std::memory_order_relaxed);
+    CallRecord::quietFlag.store(!on, std::memory_order_relaxed);
 }
 
 bool recording() {
-    return Recording().load(std::memory_order_relaxed);
+    return !CallRecord::quietFlag.load(std::memory_order_relaxed);
 }
 
 }  // namespace orvexsim

@@ -31,14 +31,19 @@ public final class Bench {
         long run(int n);
     }
 
-    /** The listener every media measurement delivers to: it touches what it receives. */
+    /**
+     * The listener every media measurement delivers to: it reads what it receives, and writes
+     * nothing shared (threads delivering at once must not contend on it).
+     */
     static final class Sink implements MediaDataCallback {
         long seen;
 
         @Override
         public void invoke(int handle, int seq, int mediaType, byte[] nodeId, int paramVal,
                 byte[] data, int dataLen) {
-            seen += nodeId.length + data.length + (dataLen > 0 ? data[dataLen - 1] : 0);
+            if (nodeId.length + data.length + (dataLen > 0 ? data[dataLen - 1] : 0) == -1) {
+                seen++;
+            }
         }
     }
 
@@ -72,93 +77,108 @@ public final class Bench {
         }
     }
 
-    /** Runs, reports and returns the median nanoseconds per operation. */
-    private double measure(String name, Batch batch, int opsPerRun, double target) {
-        int n = 1;
-        double[] perOp = new double[repetitions];
-        if (!smoke) {
+    /** One measurement: its name, its batch, operations per batch item, time per batch. */
+    private record Case(String name, Batch batch, int opsPerRun, double target) {}
+
+    private Case timed(String name, Batch batch) {
+        return new Case(name, batch, 1, targetNanos);
+    }
+
+    /**
+     * Sizes each case's batch to its target time while warming it up, then runs the cases'
+     * repetitions interleaved (so that a compared pair meets the same machine load) and reports
+     * each one's median nanoseconds per operation.
+     */
+    private void measure(Case... cases) {
+        int[] n = new int[cases.length];
+        double[][] perOp = new double[cases.length][repetitions];
+        for (int c = 0; c < cases.length; c++) {
+            n[c] = 1;
+            if (smoke) {
+                continue;
+            }
             long warm = 0;
             long elapsed;
-            while ((elapsed = batch.run(n)) < target / 2 || warm < 3 * target) {
+            while ((elapsed = cases[c].batch().run(n[c])) < cases[c].target() / 2
+                    || warm < 3 * cases[c].target()) {
                 warm += elapsed;
-                if (elapsed < target / 2) {
-                    n *= 2;
+                if (elapsed < cases[c].target() / 2) {
+                    n[c] *= 2;
                 }
             }
         }
         for (int r = 0; r < repetitions; r++) {
-            perOp[r] = (double) batch.run(n) / ((double) n * opsPerRun);
+            for (int c = 0; c < cases.length; c++) {
+                perOp[c][r] = (double) cases[c].batch().run(n[c])
+                        / ((double) n[c] * cases[c].opsPerRun());
+            }
         }
-        Arrays.sort(perOp);
-        double median = perOp[perOp.length / 2];
-        System.out.printf("RESULT %s %.3f%n", name, median);
-        return median;
-    }
-
-    private double measure(String name, Batch batch) {
-        return measure(name, batch, 1, targetNanos);
+        for (int c = 0; c < cases.length; c++) {
+            Arrays.sort(perOp[c]);
+            System.out.printf("RESULT %s %.3f%n", cases[c].name(), perOp[c][repetitions / 2]);
+        }
     }
 
     // ---- Java -> native
 
     private void natives() {
-        measure("native.empty", n -> {
+        measure(timed("native.empty", n -> {
             long t = System.nanoTime();
             for (int i = 0; i < n; i++) {
                 blackhole += Natives.empty(HANDLE, i, 0);
             }
             return System.nanoTime() - t;
-        });
-        measure("native.scalar.bridge", n -> {
+        }), timed("native.scalar.bridge", n -> {
             long t = System.nanoTime();
             for (int i = 0; i < n; i++) {
                 blackhole += IOrvexCore.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
             }
             return System.nanoTime() - t;
-        });
-        measure("native.scalar.jna-direct", n -> {
+        }), timed("native.scalar.jna-direct", n -> {
             long t = System.nanoTime();
             for (int i = 0; i < n; i++) {
                 blackhole += Jna.Direct.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
             }
             return System.nanoTime() - t;
-        });
-        measure("native.scalar.jna-interface", n -> {
+        }), timed("native.scalar.jna-interface", n -> {
             long t = System.nanoTime();
             for (int i = 0; i < n; i++) {
                 blackhole += Jna.Core.INSTANCE.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
             }
             return System.nanoTime() - t;
-        });
+        }));
 
         Ptz_Direct_Info_t ptz = new Ptz_Direct_Info_t();
         System.arraycopy("camera-0001".getBytes(), 0, ptz.szCameraId, 0, 11);
         ptz.nDirect = 3;
         ptz.nStep = 5;
-        measure("ptz.bridge", n -> {
-            long t = System.nanoTime();
-            for (int i = 0; i < n; i++) {
-                blackhole += IOrvexCore.ORVEX_PtzDirection(HANDLE, ptz, 1000);
-            }
-            return System.nanoTime() - t;
-        });
         Jna.PtzDirect jnaPtz = new Jna.PtzDirect();
         check(jnaPtz.size() == 76, "Ptz_Direct_Info_t is 76 bytes through JNA");
         System.arraycopy("camera-0001".getBytes(), 0, jnaPtz.szCameraId, 0, 11);
         jnaPtz.nDirect = 3;
         jnaPtz.nStep = 5;
-        measure("ptz.jna-structure", n -> {
+        measure(timed("ptz.bridge", n -> {
+            long t = System.nanoTime();
+            for (int i = 0; i < n; i++) {
+                blackhole += IOrvexCore.ORVEX_PtzDirection(HANDLE, ptz, 1000);
+            }
+            return System.nanoTime() - t;
+        }), timed("ptz.jna-structure", n -> {
             long t = System.nanoTime();
             for (int i = 0; i < n; i++) {
                 blackhole += Jna.Core.INSTANCE.ORVEX_PtzDirection(HANDLE, jnaPtz, 1000);
             }
             return System.nanoTime() - t;
-        });
+        }));
 
         // The bridge keeps the C records of a successful read (1.5 MB per call here): the run
         // is kept short so that this stays a few hundred megabytes.
         Get_Dep_Info_t group = new Get_Dep_Info_t(0, DEVICES);
-        measure("devices.bridge", n -> {
+        Jna.DeviceInfoEx[] devices = (Jna.DeviceInfoEx[]) new Jna.DeviceInfoEx().toArray(DEVICES);
+        check(devices[0].size() == 1480, "Device_Info_Ex_t is 1480 bytes through JNA");
+        Jna.GetDepInfo jnaGroup = new Jna.GetDepInfo();
+        check(jnaGroup.size() == 160, "Get_Dep_Info_t is 160 bytes through JNA");
+        measure(new Case("devices.bridge", n -> {
             long t = System.nanoTime();
             for (int i = 0; i < n; i++) {
                 blackhole += IOrvexCore.ORVEX_GetDGroupInfo(HANDLE, group);
@@ -166,12 +186,7 @@ public final class Bench {
             Device_Info_Ex_t last = group.pDeviceInfo[DEVICES - 1];
             blackhole += last.nPort + last.szId[0];
             return System.nanoTime() - t;
-        }, 1, 10e6);
-        Jna.DeviceInfoEx[] devices = (Jna.DeviceInfoEx[]) new Jna.DeviceInfoEx().toArray(DEVICES);
-        check(devices[0].size() == 1480, "Device_Info_Ex_t is 1480 bytes through JNA");
-        Jna.GetDepInfo jnaGroup = new Jna.GetDepInfo();
-        check(jnaGroup.size() == 160, "Get_Dep_Info_t is 160 bytes through JNA");
-        measure("devices.jna-structure-array", n -> {
+        }, 1, 10e6), new Case("devices.jna-structure-array", n -> {
             long t = System.nanoTime();
             for (int i = 0; i < n; i++) {
                 jnaGroup.nDeviceCount = DEVICES;
@@ -183,7 +198,7 @@ public final class Bench {
             }
             blackhole += devices[DEVICES - 1].nPort + devices[DEVICES - 1].szId[0];
             return System.nanoTime() - t;
-        }, 1, 10e6);
+        }, 1, 10e6));
     }
 
     // ---- native -> Java
@@ -206,13 +221,16 @@ public final class Bench {
         Sink sink = new Sink();
         long[] bridge = bridgeMedia(sink);
         long[] floor = Natives.baseline(false, sink);
-        for (int kib : new int[] {1, 64, 1024}) {
-            measure("media.default." + kib + "k.bridge", driven(bridge, kib * KIB, 1));
-            measure("media.default." + kib + "k.floor", driven(floor, kib * KIB, 1));
-        }
         Jna.Driver driver = Native.load(System.getProperty("orvex.bench.library"), Jna.Driver.class);
         Jna.MediaCallbackC jna = Jna.media(sink, false);
-        measure("media.default.1k.jna", n -> driver.orvexbench_drive(jna, Pointer.NULL, n, KIB, 1));
+        measure(timed("media.default.1k.bridge", driven(bridge, KIB, 1)),
+                timed("media.default.1k.floor", driven(floor, KIB, 1)),
+                timed("media.default.1k.jna",
+                        n -> driver.orvexbench_drive(jna, Pointer.NULL, n, KIB, 1)));
+        for (int kib : new int[] {64, 1024}) {
+            measure(timed("media.default." + kib + "k.bridge", driven(bridge, kib * KIB, 1)),
+                    timed("media.default." + kib + "k.floor", driven(floor, kib * KIB, 1)));
+        }
         blackhole += sink.seen;
     }
 
@@ -220,13 +238,14 @@ public final class Bench {
         Sink sink = new Sink();
         long[] bridge = bridgeMedia(sink);
         long[] limit = Natives.baseline(true, sink);
-        measure("media.attached.1k.bridge", driven(bridge, KIB, 1));
-        measure("media.attached.1k.bridge-2threads", driven(bridge, KIB, 2), 2, targetNanos);
-        measure("media.attached.1k.limit", driven(limit, KIB, 1));
         Jna.Driver driver = Native.load(System.getProperty("orvex.bench.library"), Jna.Driver.class);
         Jna.MediaCallbackC jna = Jna.media(sink, true);
-        measure("media.attached.1k.jna-kept",
-                n -> driver.orvexbench_drive(jna, Pointer.NULL, n, KIB, 1));
+        measure(timed("media.attached.1k.bridge", driven(bridge, KIB, 1)),
+                new Case("media.attached.1k.bridge-2threads", driven(bridge, KIB, 2), 2,
+                        targetNanos),
+                timed("media.attached.1k.limit", driven(limit, KIB, 1)),
+                timed("media.attached.1k.jna-kept",
+                        n -> driver.orvexbench_drive(jna, Pointer.NULL, n, KIB, 1)));
         blackhole += sink.seen;
     }
 
