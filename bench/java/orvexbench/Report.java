@@ -78,7 +78,7 @@ public final class Report {
     private void fasterBy(String what, String measured, String baseline, double factor) {
         double speedup = get(baseline) / get(measured);
         row(what, get(measured), get(baseline), String.format("%.1fx faster", speedup),
-                String.format(">= %.0fx faster", factor), speedup >= factor,
+                String.format(">= %.1fx faster", factor), speedup >= factor,
                 String.format("%.1fx short", factor / speedup));
     }
 
