@@ -57,7 +57,7 @@ CallRecord& CallRecord::recordScalar(const char* name, int64_t value) {
     Arg arg;
     arg.name = name;
     arg.value = value;
-    call_.args.push_back(std::move(arg));
+    rec_->call.args.push_back(std::move(arg));
     return *this;
 }
 
@@ -67,7 +67,7 @@ CallRecord& CallRecord::recordAddress(const char* name, const void* p) {
     arg.pointer = true;
     arg.isNull = p == nullptr;
     arg.value = static_cast<int64_t>(reinterpret_cast<intptr_t>(p));
-    call_.args.push_back(std::move(arg));
+    rec_->call.args.push_back(std::move(arg));
     return *this;
 }
 
@@ -80,7 +80,7 @@ CallRecord& CallRecord::recordBytes(const char* name, const void* p, std::size_t
         const auto* b = static_cast<const uint8_t*>(p);
         arg.bytes.assign(b, b + n);
     }
-    call_.args.push_back(std::move(arg));
+    rec_->call.args.push_back(std::move(arg));
     return *this;
 }
 
@@ -91,7 +91,7 @@ CallRecord& CallRecord::recordText(const char* name, const char* s) {
 CallRecord& CallRecord::recordOut(const char* name, void* p, std::size_t n) {
     recordBytes(name, p, n);
     if (p != nullptr) {
-        targets_.push_back({name, p, n});
+        rec_->targets.push_back({name, p, n});
     }
     return *this;
 }
@@ -105,8 +105,8 @@ int32_t CallRecord::finishWith(const std::function<int32_t()>& unscripted) {
     bool scripted = false;
     {
         std::lock_guard<std::mutex> lock(S().mu);
-        S().calls.push_back(call_);
-        auto it = S().scripts.find(call_.fn);
+        S().calls.push_back(rec_->call);
+        auto it = S().scripts.find(rec_->call.fn);
         if (it != S().scripts.end() && !it->second.empty()) {
             reply = std::move(it->second.front());
             it->second.pop_front();
@@ -117,14 +117,14 @@ int32_t CallRecord::finishWith(const std::function<int32_t()>& unscripted) {
         return unscripted ? unscripted() : 0;
     }
     for (const Write& w : reply.writes) {
-        auto t = std::find_if(targets_.begin(), targets_.end(),
+        auto t = std::find_if(rec_->targets.begin(), rec_->targets.end(),
                               [&](const Target& x) { return x.name == w.target; });
-        if (t == targets_.end()) {
-            AddError(call_.fn + ": no output named " + w.target);
+        if (t == rec_->targets.end()) {
+            AddError(rec_->call.fn + ": no output named " + w.target);
             continue;
         }
         if (w.offset > t->n || w.bytes.size() > t->n - w.offset) {
-            AddError(call_.fn + ": write of " + std::to_string(w.bytes.size()) +
+            AddError(rec_->call.fn + ": write of " + std::to_string(w.bytes.size()) +
                      " bytes at offset " + std::to_string(w.offset) + " exceeds " + w.target +
                      " (" + std::to_string(t->n) + " bytes)");
             continue;

@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -58,7 +59,8 @@ class ORVEXSIM_API CallRecord {
     // costs next to nothing, so that benchmarks measure the bridge.
     explicit CallRecord(const char* fn) : quiet_(quietFlag.load(std::memory_order_relaxed)) {
         if (!quiet_) {
-            call_.fn = fn;
+            rec_.emplace();
+            rec_->call.fn = fn;
         }
     }
 
@@ -120,9 +122,13 @@ class ORVEXSIM_API CallRecord {
         void* p;
         std::size_t n;
     };
+    // What a recorded call keeps; nothing is built while recording is off.
+    struct Recorded {
+        Call call;
+        std::vector<Target> targets;
+    };
     bool quiet_;
-    Call call_;
-    std::vector<Target> targets_;
+    std::optional<Recorded> rec_;
 };
 
 // Callback kinds, named in tests as in Java after their listener interfaces.
