@@ -107,13 +107,17 @@ CJniKits::FieldIdMemo::~FieldIdMemo() {
 
 // Names and signatures are compared by address: the same text at the same address is the same
 // field, and the callers pass literals.
-jfieldID CJniKits::FieldIdMemo::Find(jclass cls, const char* name, const char* signature) const {
+// Records are written field by field in the same order each time, so the entry after the last
+// one found is tried first.
+jfieldID CJniKits::FieldIdMemo::Find(jclass cls, const char* name, const char* signature) {
     if (cls != cls_) {
         return nullptr;
     }
-    for (int k = 0; k < count_; ++k) {
-        if (entries_[k].name == name && entries_[k].signature == signature) {
-            return entries_[k].fid;
+    for (int tried = 0; tried < count_; ++tried) {
+        const Entry& e = entries_[next_];
+        next_ = next_ + 1 < count_ ? next_ + 1 : 0;
+        if (e.name == name && e.signature == signature) {
+            return e.fid;
         }
     }
     return nullptr;

@@ -166,7 +166,7 @@ class CJniKits {
         FieldIdMemo& operator=(const FieldIdMemo&) = delete;
 
         // The remembered identifier of (cls, name, signature), or null.
-        jfieldID Find(jclass cls, const char* name, const char* signature) const;
+        jfieldID Find(jclass cls, const char* name, const char* signature);
         void Remember(jclass cls, const char* name, const char* signature, jfieldID fid);
 
       private:
@@ -180,6 +180,7 @@ class CJniKits {
         FieldIdMemo* outer_;
         Entry entries_[kEntries];
         int count_ = 0;
+        int next_ = 0;
     };
 
   private:

@@ -82,6 +82,14 @@ public final class Report {
                 String.format("%.1fx short", factor / speedup));
     }
 
+    /** A row for comparison only: no target. */
+    private void compared(String what, String measured, String baseline) {
+        double speedup = get(baseline) / get(measured);
+        table.append(String.format("| %-50s | %12s | %12s | %-13s | %-15s | %-16s |%n", what,
+                time(get(measured)), time(get(baseline)), String.format("%.1fx faster", speedup),
+                "-", "-"));
+    }
+
     private void row(String what, double measured, double baseline, String ratio, String target,
             boolean met, String shortfall) {
         if (!met) {
@@ -107,8 +115,8 @@ public final class Report {
                             + ", default mode vs bare floor",
                     "media.default." + kib + ".bridge", "media.default." + kib + ".floor", 1.1);
         }
-        fasterBy("Media event 1 KiB, default mode vs JNA default callback",
-                "media.default.1k.bridge", "media.default.1k.jna", 1.0);
+        compared("Media event 1 KiB, default mode vs JNA default callback",
+                "media.default.1k.bridge", "media.default.1k.jna");
         atMost("Media event 1 KiB, attached mode vs attached-once limit",
                 "media.attached.1k.bridge", "media.attached.1k.limit", 1.5);
         fasterBy("Media event 1 KiB, attached mode vs JNA kept attached",
@@ -116,10 +124,10 @@ public final class Report {
         fasterBy("Media events/s, attached mode, 2 vs 1 library threads",
                 "media.attached.1k.bridge-2threads", "media.attached.1k.bridge", 1.5);
         atMost("Scalar native vs empty native", "native.scalar.bridge", "native.empty", 1.2);
-        fasterBy("Scalar native vs JNA direct mapping", "native.scalar.bridge",
-                "native.scalar.jna-direct", 1);
-        fasterBy("Scalar native vs JNA interface mapping", "native.scalar.bridge",
-                "native.scalar.jna-interface", 1);
+        compared("Scalar native vs JNA direct mapping", "native.scalar.bridge",
+                "native.scalar.jna-direct");
+        compared("Scalar native vs JNA interface mapping", "native.scalar.bridge",
+                "native.scalar.jna-interface");
         fasterBy("PTZ command vs JNA Structure by reference", "ptz.bridge", "ptz.jna-structure",
                 20);
         fasterBy("1,000 device records vs JNA Structure array", "devices.bridge",
