@@ -3,17 +3,20 @@ package orvexbench;
 import java.io.IOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import java.util.ArrayList;
 import java.util.HashMap;
+import java.util.List;
 import java.util.Map;
 
 /**
  * Prints the table of ratios from one benchmark run: the codec's CSV from Google Benchmark and
- * the RESULT lines of {@link Bench} in both ways of attaching event threads.
+ * the RESULT lines of {@link Bench} in both ways of attaching event threads. A measurement that
+ * appears in several result files (repeated runs) counts with the median of its values.
  *
  * <p>Usage: {@code Report codec.csv results...}
  */
 public final class Report {
-    private final Map<String, Double> ns = new HashMap<>();
+    private final Map<String, List<Double>> ns = new HashMap<>();
     private final StringBuilder table = new StringBuilder();
     private int missed;
 
@@ -32,7 +35,7 @@ public final class Report {
         for (String line : Files.readAllLines(file)) {
             String[] f = line.trim().split("\\s+");
             if (f.length == 3 && f[0].equals("RESULT")) {
-                ns.put(f[1], Double.parseDouble(f[2]));
+                ns.computeIfAbsent(f[1], k -> new ArrayList<>()).add(Double.parseDouble(f[2]));
             }
         }
     }
@@ -52,18 +55,21 @@ public final class Report {
             for (int k = 0; k < header.length; k++) {
                 if (header[k].equals("items_per_second") && !f[k].isEmpty()) {
                     String name = f[0].replace("\"", "").replace("_median", "");
-                    ns.put("codec." + name, 1e9 / Double.parseDouble(f[k]));
+                    ns.computeIfAbsent("codec." + name, x -> new ArrayList<>())
+                            .add(1e9 / Double.parseDouble(f[k]));
                 }
             }
         }
     }
 
     private double get(String key) {
-        Double v = ns.get(key);
-        if (v == null) {
+        List<Double> values = ns.get(key);
+        if (values == null) {
             throw new IllegalStateException("no result for " + key);
         }
-        return v;
+        List<Double> sorted = new ArrayList<>(values);
+        sorted.sort(null);
+        return sorted.get(sorted.size() / 2);
     }
 
     /** A row whose ratio must stay at or below {@code limit} (faster: the baseline below). */
