@@ -7,6 +7,8 @@
 #   BENCH_NO_BUILD=1 scripts/bench.sh   measure what build/ holds
 #   BENCH_RUNS=3 scripts/bench.sh       repeat the Java measurements in 3 fresh JVMs each and
 #                                       report the median of their medians (for a busy machine)
+#   BENCH_CLOCK=cpu scripts/bench.sh    compare processor time instead of elapsed time (on a
+#                                       machine shared with other work)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 if [ -z "${BENCH_NO_BUILD:-}" ]; then
@@ -30,4 +32,8 @@ for run in $(seq "${BENCH_RUNS:-1}"); do
             orvexbench.Bench "$mode" full >"$out/run-$run-$mode.txt"
     done
 done
-java -cp "$classpath" orvexbench.Report "$out/codec.csv" "$out"/run-*.txt
+clock=()
+if [ "${BENCH_CLOCK:-}" = cpu ]; then
+    clock=(--cpu)
+fi
+java -cp "$classpath" orvexbench.Report "${clock[@]}" "$out/codec.csv" "$out"/run-*.txt

@@ -9,7 +9,10 @@ import com.zq.OrvexCore.IOrvexCore;
 import com.zq.OrvexCore.MediaDataCallback;
 import com.zq.OrvexCore.Ptz_Direct_Info_t;
 import com.zq.OrvexCore.Return_Value_Info_t;
+import java.lang.management.ManagementFactory;
+import java.lang.management.ThreadMXBean;
 import java.util.Arrays;
+import java.util.function.IntConsumer;
 
 /**
  * Measures the bridge against its baselines and JNA on the stand-in library with recording off
@@ -26,9 +29,24 @@ public final class Bench {
     private static final int KIB = 1024;
     private static final int DEVICES = 1000;
 
-    /** One timed batch of {@code n} operations; returns the elapsed nanoseconds. */
+    /**
+     * One timed batch of {@code n} operations; returns the elapsed nanoseconds and the
+     * processor nanoseconds the work used.
+     */
     private interface Batch {
-        long run(int n);
+        long[] run(int n);
+    }
+
+    private static final ThreadMXBean THREADS = ManagementFactory.getThreadMXBean();
+
+    /** A batch timed on the calling thread. */
+    private static Batch onThisThread(IntConsumer work) {
+        return n -> {
+            long cpu = THREADS.getCurrentThreadCpuTime();
+            long wall = System.nanoTime();
+            work.accept(n);
+            return new long[] {System.nanoTime() - wall, THREADS.getCurrentThreadCpuTime() - cpu};
+        };
     }
 
     /**
@@ -54,7 +72,7 @@ public final class Bench {
 
     private Bench(boolean smoke) {
         this.smoke = smoke;
-        this.repetitions = smoke ? 1 : 9;
+        this.repetitions = smoke ? 1 : 12;
         this.targetNanos = 60e6;
     }
 
@@ -91,7 +109,8 @@ public final class Bench {
      */
     private void measure(Case... cases) {
         int[] n = new int[cases.length];
-        double[][] perOp = new double[cases.length][repetitions];
+        double[][] wallPerOp = new double[cases.length][repetitions];
+        double[][] cpuPerOp = new double[cases.length][repetitions];
         for (int c = 0; c < cases.length; c++) {
             n[c] = 1;
             if (smoke) {
@@ -99,7 +118,7 @@ public final class Bench {
             }
             long warm = 0;
             long elapsed;
-            while ((elapsed = cases[c].batch().run(n[c])) < cases[c].target() / 2
+            while ((elapsed = cases[c].batch().run(n[c])[0]) < cases[c].target() / 2
                     || warm < 3 * cases[c].target()) {
                 warm += elapsed;
                 if (elapsed < cases[c].target() / 2) {
@@ -112,44 +131,41 @@ public final class Bench {
         for (int r = 0; r < repetitions; r++) {
             for (int j = 0; j < cases.length; j++) {
                 int c = (r + j) % cases.length;
-                perOp[c][r] = (double) cases[c].batch().run(n[c])
-                        / ((double) n[c] * cases[c].opsPerRun());
+                long[] t = cases[c].batch().run(n[c]);
+                double ops = (double) n[c] * cases[c].opsPerRun();
+                wallPerOp[c][r] = t[0] / ops;
+                cpuPerOp[c][r] = t[1] / ops;
             }
         }
         for (int c = 0; c < cases.length; c++) {
-            Arrays.sort(perOp[c]);
-            System.out.printf("RESULT %s %.3f%n", cases[c].name(), perOp[c][repetitions / 2]);
+            Arrays.sort(wallPerOp[c]);
+            Arrays.sort(cpuPerOp[c]);
+            System.out.printf("RESULT %s %.3f%n", cases[c].name(), wallPerOp[c][repetitions / 2]);
+            System.out.printf("RESULT %s.cpu %.3f%n", cases[c].name(),
+                    cpuPerOp[c][repetitions / 2]);
         }
     }
 
     // ---- Java -> native
 
     private void natives() {
-        measure(timed("native.empty", n -> {
-            long t = System.nanoTime();
+        measure(timed("native.empty", onThisThread(n -> {
             for (int i = 0; i < n; i++) {
                 blackhole += Natives.empty(HANDLE, i, 0);
             }
-            return System.nanoTime() - t;
-        }), timed("native.scalar.bridge", n -> {
-            long t = System.nanoTime();
+        })), timed("native.scalar.bridge", onThisThread(n -> {
             for (int i = 0; i < n; i++) {
                 blackhole += IOrvexCore.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
             }
-            return System.nanoTime() - t;
-        }), timed("native.scalar.jna-direct", n -> {
-            long t = System.nanoTime();
+        })), timed("native.scalar.jna-direct", onThisThread(n -> {
             for (int i = 0; i < n; i++) {
                 blackhole += Jna.Direct.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
             }
-            return System.nanoTime() - t;
-        }), timed("native.scalar.jna-interface", n -> {
-            long t = System.nanoTime();
+        })), timed("native.scalar.jna-interface", onThisThread(n -> {
             for (int i = 0; i < n; i++) {
                 blackhole += Jna.Core.INSTANCE.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
             }
-            return System.nanoTime() - t;
-        }));
+        })));
 
         Ptz_Direct_Info_t ptz = new Ptz_Direct_Info_t();
         System.arraycopy("camera-0001".getBytes(), 0, ptz.szCameraId, 0, 11);
@@ -160,19 +176,15 @@ public final class Bench {
         System.arraycopy("camera-0001".getBytes(), 0, jnaPtz.szCameraId, 0, 11);
         jnaPtz.nDirect = 3;
         jnaPtz.nStep = 5;
-        measure(timed("ptz.bridge", n -> {
-            long t = System.nanoTime();
+        measure(timed("ptz.bridge", onThisThread(n -> {
             for (int i = 0; i < n; i++) {
                 blackhole += IOrvexCore.ORVEX_PtzDirection(HANDLE, ptz, 1000);
             }
-            return System.nanoTime() - t;
-        }), timed("ptz.jna-structure", n -> {
-            long t = System.nanoTime();
+        })), timed("ptz.jna-structure", onThisThread(n -> {
             for (int i = 0; i < n; i++) {
                 blackhole += Jna.Core.INSTANCE.ORVEX_PtzDirection(HANDLE, jnaPtz, 1000);
             }
-            return System.nanoTime() - t;
-        }));
+        })));
 
         // The bridge keeps the C records of a successful read (1.5 MB per call here): the run
         // is kept short so that this stays a few hundred megabytes.
@@ -181,16 +193,13 @@ public final class Bench {
         check(devices[0].size() == 1480, "Device_Info_Ex_t is 1480 bytes through JNA");
         Jna.GetDepInfo jnaGroup = new Jna.GetDepInfo();
         check(jnaGroup.size() == 160, "Get_Dep_Info_t is 160 bytes through JNA");
-        measure(new Case("devices.bridge", n -> {
-            long t = System.nanoTime();
+        measure(new Case("devices.bridge", onThisThread(n -> {
             for (int i = 0; i < n; i++) {
                 blackhole += IOrvexCore.ORVEX_GetDGroupInfo(HANDLE, group);
             }
             Device_Info_Ex_t last = group.pDeviceInfo[DEVICES - 1];
             blackhole += last.nPort + last.szId[0];
-            return System.nanoTime() - t;
-        }, 1, 10e6), new Case("devices.jna-structure-array", n -> {
-            long t = System.nanoTime();
+        }), 1, 10e6), new Case("devices.jna-structure-array", onThisThread(n -> {
             for (int i = 0; i < n; i++) {
                 jnaGroup.nDeviceCount = DEVICES;
                 jnaGroup.pDeviceInfo = devices[0].getPointer();
@@ -200,8 +209,7 @@ public final class Bench {
                 }
             }
             blackhole += devices[DEVICES - 1].nPort + devices[DEVICES - 1].szId[0];
-            return System.nanoTime() - t;
-        }, 1, 10e6));
+        }), 1, 10e6));
     }
 
     // ---- native -> Java
@@ -217,7 +225,19 @@ public final class Bench {
     }
 
     private Batch driven(long[] callback, int bytes, int threads) {
-        return n -> Natives.drive(callback[0], callback[1], n, bytes, threads);
+        return n -> {
+            long[] wallAndCpu = new long[2];
+            Natives.drive(callback[0], callback[1], n, bytes, threads, wallAndCpu);
+            return wallAndCpu;
+        };
+    }
+
+    private static Batch drivenByJna(Jna.Driver driver, Jna.MediaCallbackC callback) {
+        return n -> {
+            long[] cpu = new long[1];
+            long wall = driver.orvexbench_drive(callback, Pointer.NULL, n, KIB, 1, cpu);
+            return new long[] {wall, cpu[0]};
+        };
     }
 
     private void defaultMedia() {
@@ -228,8 +248,7 @@ public final class Bench {
         Jna.MediaCallbackC jna = Jna.media(sink, false);
         measure(timed("media.default.1k.bridge", driven(bridge, KIB, 1)),
                 timed("media.default.1k.floor", driven(floor, KIB, 1)),
-                timed("media.default.1k.jna",
-                        n -> driver.orvexbench_drive(jna, Pointer.NULL, n, KIB, 1)));
+                timed("media.default.1k.jna", drivenByJna(driver, jna)));
         for (int kib : new int[] {64, 1024}) {
             measure(timed("media.default." + kib + "k.bridge", driven(bridge, kib * KIB, 1)),
                     timed("media.default." + kib + "k.floor", driven(floor, kib * KIB, 1)));
@@ -247,8 +266,7 @@ public final class Bench {
                 new Case("media.attached.1k.bridge-2threads", driven(bridge, KIB, 2), 2,
                         targetNanos),
                 timed("media.attached.1k.limit", driven(limit, KIB, 1)),
-                timed("media.attached.1k.jna-kept",
-                        n -> driver.orvexbench_drive(jna, Pointer.NULL, n, KIB, 1)));
+                timed("media.attached.1k.jna-kept", drivenByJna(driver, jna)));
         blackhole += sink.seen;
     }
 

@@ -97,7 +97,8 @@ final class Jna {
 
     /** The driver of the benchmark library, called through JNA with a JNA callback. */
     interface Driver extends Library {
-        long orvexbench_drive(Callback fn, Pointer user, int events, int dataLen, int threads);
+        long orvexbench_drive(Callback fn, Pointer user, int events, int dataLen, int threads,
+                long[] cpuNanos);
     }
 
     /**

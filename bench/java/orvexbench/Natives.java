@@ -13,10 +13,12 @@ final class Natives {
 
     /**
      * Plays {@code threads} library threads, each delivering {@code events} media events of
-     * {@code dataLen} bytes to the C function {@code fn} with user data {@code user}; returns the
-     * elapsed nanoseconds.
+     * {@code dataLen} bytes to the C function {@code fn} with user data {@code user}; stores the
+     * elapsed nanoseconds and the processor nanoseconds the threads used in
+     * {@code wallAndCpu}.
      */
-    static native long drive(long fn, long user, int events, int dataLen, int threads);
+    static native void drive(long fn, long user, int events, int dataLen, int threads,
+            long[] wallAndCpu);
 
     /** The media callback the stand-in keeps for a stream: {function, user data}. */
     static native long[] streamCallback(int handle, int seq);
