@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "ORVEX_Core.h"
 #include "sim_core.h"
 
 namespace {
@@ -144,6 +145,15 @@ JNIEXPORT void JNICALL Java_orvexbench_Natives_drive(JNIEnv* env, jclass /*cls*/
                                           &cpu);
     const jlong out[2] = {wall, cpu};
     env->SetLongArrayRegion(wallAndCpu, 0, 2, out);
+}
+
+// The stand-in's own share of a scalar native: its function called n times from C.
+JNIEXPORT jint JNICALL Java_orvexbench_Natives_standIn(JNIEnv* /*env*/, jclass /*cls*/, jint n) {
+    jint sum = 0;
+    for (jint i = 0; i < n; ++i) {
+        sum += ORVEX_CloseRealStreamBySeq(1, i, 0);
+    }
+    return sum;
 }
 
 // The callback the stand-in keeps for media stream (handle, seq): [function, user data], or

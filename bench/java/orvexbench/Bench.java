@@ -157,7 +157,8 @@ public final class Bench {
             for (int i = 0; i < n; i++) {
                 blackhole += IOrvexCore.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
             }
-        })), timed("native.scalar.jna-direct", onThisThread(n -> {
+        })), timed("native.standin-from-c", onThisThread(n -> blackhole += Natives.standIn(n))),
+                timed("native.scalar.jna-direct", onThisThread(n -> {
             for (int i = 0; i < n; i++) {
                 blackhole += Jna.Direct.ORVEX_CloseRealStreamBySeq(HANDLE, i, 0);
             }

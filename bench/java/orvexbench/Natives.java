@@ -8,6 +8,12 @@ final class Natives {
 
     private Natives() {}
 
+    /**
+     * Calls the stand-in's ORVEX_CloseRealStreamBySeq {@code n} times from C: its own share of
+     * a scalar native.
+     */
+    static native int standIn(int n);
+
     /** A native that does nothing: the cost of any JNI call. */
     static native int empty(int a, int b, int c);
 

@@ -139,12 +139,22 @@ public final class Report {
                 "media.attached.1k.bridge", "media.attached.1k.limit", 1.5);
         fasterBy("Media event 1 KiB, attached mode vs JNA kept attached",
                 "media.attached.1k.bridge", "media.attached.1k.jna-kept", 3);
+        double cpuOne = median("media.attached.1k.bridge.cpu");
+        double cpuTwo = median("media.attached.1k.bridge-2threads.cpu");
+        table.append(String.format("| %-50s | %12s | %12s | %-13s | %-15s | %-16s |%n",
+                "  processor time per event, 2 vs 1 library threads", time(cpuTwo), time(cpuOne),
+                String.format("%.2fx", cpuTwo / cpuOne), "-", "-"));
         double one = median("media.attached.1k.bridge");
         double two = median("media.attached.1k.bridge-2threads");
         row("Media events/s, attached mode, 2 vs 1 library threads (elapsed)", two, one,
                 String.format("%.2fx events/s", one / two), ">= 1.50x", one / two >= 1.5,
                 String.format("%.2fx", one / two));
         atMost("Scalar native vs empty native", "native.scalar.bridge", "native.empty", 1.2);
+        double bridgeShare = get("native.scalar.bridge") - get("native.standin-from-c");
+        table.append(String.format("| %-50s | %12s | %12s | %-13s | %-15s | %-16s |%n",
+                "  the same less the stand-in's own time (from C)", time(bridgeShare),
+                time(get("native.empty")),
+                String.format("%.2fx", bridgeShare / get("native.empty")), "-", "-"));
         compared("Scalar native vs JNA direct mapping", "native.scalar.bridge",
                 "native.scalar.jna-direct");
         compared("Scalar native vs JNA interface mapping", "native.scalar.bridge",
