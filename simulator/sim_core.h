@@ -97,9 +97,10 @@ class ORVEXSIM_API CallRecord {
     // Logs the call and produces its result: the next scripted reply for this function if any,
     // else `platform` (the simulated platform's own answer), else 0 with outputs untouched.
     // With recording off: 0, outputs untouched.
-    int32_t finish(const std::function<int32_t()>& platform = nullptr) {
+    int32_t finish(const std::function<int32_t()>& platform) {
         return quiet_ ? 0 : finishRecorded(platform);
     }
+    int32_t finish() { return quiet_ ? 0 : finishRecorded(nullptr); }
     // As finish(), but `answer` stands in for an unscripted call in every mode: for answers the
     // stand-in must give even to tests that script nothing.
     int32_t finishAlways(const std::function<int32_t()>& answer) {
