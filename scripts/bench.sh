@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Runs every benchmark (the G.711 codec with Google Benchmark; the natives and the media
 # callback from Java against their floors and JNA, in both ways of attaching event threads) and
-# prints one table of ratios. Medians of nine repetitions (seven for the codec); about a minute on 2 cores.
+# prints one table of ratios. Medians of twelve repetitions (seven for the codec); about a
+# minute on 2 cores.
 # The stand-in runs with recording off, so that the bridge is measured and not the stand-in.
 #   scripts/bench.sh            build, then measure
 #   BENCH_NO_BUILD=1 scripts/bench.sh   measure what build/ holds
