@@ -8,6 +8,7 @@ import static org.junit.jupiter.api.Assertions.assertSame;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.zq.OrvexCore.IOrvexCore;
+import com.zq.OrvexCore.MediaDataCallback;
 import com.zq.OrvexCore.ORVEXStatusCallback;
 import java.lang.management.ManagementFactory;
 import java.lang.management.ThreadMXBean;
@@ -20,6 +21,7 @@ import java.util.concurrent.atomic.AtomicReferenceArray;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.condition.EnabledIfSystemProperty;
+import simctl.BridgeInternals;
 import simctl.SimControl;
 
 /**
@@ -113,5 +115,56 @@ class AttachedEventThreadsTest {
         assertEquals(2, where.size());
         assertSame(where.get(0), where.get(1));
         assertNotSame(Thread.currentThread(), where.get(0));
+    }
+
+    /** A media listener that records who it is, for each event, and on which thread. */
+    private record Delivery(String listener, int param, Thread thread) {}
+
+    /** Two media listener classes, so that the thread's remembered method must change. */
+    private static final class First implements MediaDataCallback {
+        final List<Delivery> got;
+
+        First(List<Delivery> got) {
+            this.got = got;
+        }
+
+        @Override
+        public void invoke(int h, int seq, int type, byte[] node, int param, byte[] data, int len) {
+            got.add(new Delivery("first", param, Thread.currentThread()));
+        }
+    }
+
+    private static final class Second implements MediaDataCallback {
+        final List<Delivery> got;
+
+        Second(List<Delivery> got) {
+            this.got = got;
+        }
+
+        @Override
+        public void invoke(int h, int seq, int type, byte[] node, int param, byte[] data, int len) {
+            got.add(new Delivery("second", param, Thread.currentThread()));
+        }
+    }
+
+    @Test
+    void aThreadServingListenersOfSeveralClassesCallsEachOnesOwnInvoke() {
+        List<Delivery> got = new CopyOnWriteArrayList<>();
+        long trampoline = BridgeInternals.trampoline("MediaDataCallback");
+        SimControl.install("MediaDataCallback", HANDLE, 7, trampoline, new First(got));
+        SimControl.install("MediaDataCallback", HANDLE, 8, trampoline, new Second(got));
+        // A subclass of neither, with the same signature: a third class on the same thread.
+        SimControl.install("MediaDataCallback", HANDLE, 9, trampoline,
+                (MediaDataCallback) (h, seq, type, node, param, data, len) ->
+                        got.add(new Delivery("lambda", param, Thread.currentThread())));
+
+        int[] streams = {7, 8, 8, 7, 9, 7, 9, 8};
+        assertEquals(streams.length, SimControl.fireStreams(HANDLE, streams, 5));
+
+        List<String> expected = List.of(
+                "first", "second", "second", "first", "lambda", "first", "lambda", "second");
+        assertEquals(expected, got.stream().map(Delivery::listener).toList());
+        assertTrue(got.stream().allMatch(d -> d.param() == 5 && d.thread() == got.get(0).thread()),
+                "every event on the one Java thread of the library thread");
     }
 }
