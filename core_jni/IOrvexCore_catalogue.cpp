@@ -46,6 +46,8 @@ void WriteRecords(JNIEnv* env, jobjectArray array, const char* elementClass, con
     const jint count = beyondRecords ? capacity : static_cast<jint>(reported);
     {
         LocalClass cls = FindValueClass(env, elementClass);
+        // Every record has the same fields: look each one up once, not once per record.
+        const CJniKits::FieldIdMemo memo(cls.get());
         ForEachElement(env, array, count, [&](jsize i, jobject element) {
             write(env, element, cls.get(), records[i]);
         });

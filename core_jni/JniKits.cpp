@@ -8,6 +8,9 @@
 
 namespace {
 
+// The innermost FieldIdMemo of this thread, if any.
+thread_local CJniKits::FieldIdMemo* t_fieldIdMemo = nullptr;
+
 // Looks a field up on clsStu for an access to valueObject. Returns null, with an exception
 // pending, where the access could not be made safely.
 jfieldID FieldFor(JNIEnv* env, jobject valueObject, jclass clsStu, const char* fieldName,
@@ -16,9 +19,16 @@ jfieldID FieldFor(JNIEnv* env, jobject valueObject, jclass clsStu, const char* f
         CJniKits::ThrowNull(env, (std::string("class of field ") + fieldName).c_str());
         return nullptr;
     }
-    jfieldID fid = env->GetFieldID(clsStu, fieldName, signature);
+    CJniKits::FieldIdMemo* memo = t_fieldIdMemo;
+    jfieldID fid = memo != nullptr ? memo->Find(clsStu, fieldName, signature) : nullptr;
     if (fid == nullptr) {
-        return nullptr;  // NoSuchFieldError is pending
+        fid = env->GetFieldID(clsStu, fieldName, signature);
+        if (fid == nullptr) {
+            return nullptr;  // NoSuchFieldError is pending
+        }
+        if (memo != nullptr) {
+            memo->Remember(clsStu, fieldName, signature, fid);
+        }
     }
     if (valueObject == nullptr) {
         CJniKits::ThrowNull(env, (std::string("object holding field ") + fieldName).c_str());
@@ -86,6 +96,39 @@ jfieldID BoxValueField(JNIEnv* env, jobject obj, const char* boxClass, const cha
 }
 
 }  // namespace
+
+CJniKits::FieldIdMemo::FieldIdMemo(jclass cls) : cls_(cls), outer_(t_fieldIdMemo) {
+    t_fieldIdMemo = this;
+}
+
+CJniKits::FieldIdMemo::~FieldIdMemo() {
+    t_fieldIdMemo = outer_;
+}
+
+// Names and signatures are compared by address: the same text at the same address is the same
+// field, and the callers pass literals.
+// Records are written field by field in the same order each time, so the entry after the last
+// one found is tried first.
+jfieldID CJniKits::FieldIdMemo::Find(jclass cls, const char* name, const char* signature) {
+    if (cls != cls_) {
+        return nullptr;
+    }
+    for (int tried = 0; tried < count_; ++tried) {
+        const Entry& e = entries_[next_];
+        next_ = next_ + 1 < count_ ? next_ + 1 : 0;
+        if (e.name == name && e.signature == signature) {
+            return e.fid;
+        }
+    }
+    return nullptr;
+}
+
+void CJniKits::FieldIdMemo::Remember(jclass cls, const char* name, const char* signature,
+                                     jfieldID fid) {
+    if (cls == cls_ && count_ < kEntries) {
+        entries_[count_++] = {name, signature, fid};
+    }
+}
 
 void CJniKits::ThrowNull(JNIEnv* env, const char* what) {
     Throw(env, "java/lang/NullPointerException", std::string(what) + " is null");

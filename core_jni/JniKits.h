@@ -154,6 +154,35 @@ class CJniKits {
         jthrowable first_;
     };
 
+    // While one exists on a thread, field look-ups there on `cls` (the very class reference it
+    // was made with) return the identifier found the first time for the same field name and
+    // signature text. For loops that write many records of one class: the reference stays
+    // valid, and the class the same, until the scope ends, so an identifier cannot go stale.
+    class FieldIdMemo {
+      public:
+        explicit FieldIdMemo(jclass cls);
+        ~FieldIdMemo();
+        FieldIdMemo(const FieldIdMemo&) = delete;
+        FieldIdMemo& operator=(const FieldIdMemo&) = delete;
+
+        // The remembered identifier of (cls, name, signature), or null.
+        jfieldID Find(jclass cls, const char* name, const char* signature);
+        void Remember(jclass cls, const char* name, const char* signature, jfieldID fid);
+
+      private:
+        struct Entry {
+            const char* name;
+            const char* signature;
+            jfieldID fid;
+        };
+        static constexpr int kEntries = 48;
+        jclass cls_;
+        FieldIdMemo* outer_;
+        Entry entries_[kEntries];
+        int count_ = 0;
+        int next_ = 0;
+    };
+
   private:
     static void ReadByteArrayField(JNIEnv* env, jobject valueObject, jclass clsStu,
                                    const char* fieldName, unsigned char* pArray,

@@ -4,6 +4,7 @@
 #include <jni.h>
 
 #include <array>
+#include <atomic>
 #include <cassert>
 #include <cstring>
 #include <string>
@@ -30,31 +31,152 @@ Bytes Buffer(const char* p, jsize n) {
     return {p, p != nullptr && n > 0 ? n : 0};
 }
 
-// Copies n bytes into a fresh Java array through its elements buffer. The release with mode 0
-// alone would carry the bytes over; the common sequence also writes the region from the
-// elements buffer first, which the share-video kind leaves out.
-void CopyIntoArray(JNIEnv* env, jbyteArray array, const Bytes& from, bool regionWrite) {
-    jbyte* elements = env->GetByteArrayElements(array, nullptr);
+// Fills a fresh Java array with one region write straight from the library's buffer. The bytes
+// Java receives are exactly those of a copy through the array's elements buffer, which this
+// replaces on purpose: that road pins or copies the whole array, copies the bytes in, writes
+// them again and copies them back on release, four passes and a second allocation per frame.
+void FillArray(JNIEnv* env, jbyteArray array, const Bytes& from) {
     if (from.n > 0) {
-        std::memcpy(elements, from.p, static_cast<std::size_t>(from.n));
+        env->SetByteArrayRegion(array, 0, from.n, reinterpret_cast<const jbyte*>(from.p));
     }
-    if (regionWrite) {
-        env->SetByteArrayRegion(array, 0, from.n, elements);
-    }
-    env->ReleaseByteArrayElements(array, elements, 0);
 }
 
-// One event's stay in Java. Construction attaches this library thread (no name, no group) and
-// resolves the listener's class and "invoke"; destruction deletes the tracked local references
-// in the order they were made, then the class, and detaches unconditionally. Nothing is cached
-// between events; the trampoline returns 0 whatever happens.
+// How event threads meet the virtual machine, chosen once at load (orvex.events.threads).
+//   per event (default): attach on entry, detach on exit, every event;
+//   attached: a library thread is attached as a daemon at its first event and stays attached
+//   until it ends, when a thread-exit destructor detaches it. A thread the virtual machine knew
+//   before its first event (a Java thread calling in) is used as it is and never detached.
+std::atomic<bool> g_attachedThreads{false};
+
+// The attachment of one library thread in attached mode; its destructor runs when the library
+// ends the thread. It also remembers the last listener class and "invoke" the thread resolved:
+// looking the method up again costs more than the rest of a small event. The class is held by a
+// weak reference, and the method is reused only while that reference is still the listener's
+// class: a class that was unloaded clears the reference and can never match.
+struct ThreadAttachment {
+    JavaVM* vm = nullptr;  // set only when this bridge attached the thread
+    JNIEnv* env = nullptr;
+    jweak cls = nullptr;
+    const ListenerKind* kind = nullptr;
+    jmethodID invoke = nullptr;
+
+    ~ThreadAttachment() {
+        if (vm != nullptr) {
+            if (cls != nullptr) {
+                env->DeleteWeakGlobalRef(cls);
+            }
+            vm->DetachCurrentThread();
+        }
+    }
+};
+
+thread_local ThreadAttachment t_attachment;
+
+JNIEnv* KeptAttachedEnv(JavaVM* vm) {
+    ThreadAttachment& attachment = t_attachment;
+    if (attachment.env == nullptr) {
+        JNIEnv* env = nullptr;
+        if (vm->GetEnv(reinterpret_cast<void**>(&env), JNI_VERSION_1_6) != JNI_OK) {
+            if (vm->AttachCurrentThreadAsDaemon(reinterpret_cast<void**>(&env), nullptr) !=
+                JNI_OK) {
+                return nullptr;
+            }
+            attachment.vm = vm;
+        }
+        attachment.env = env;
+    }
+    return attachment.env;
+}
+
+// "invoke" of the listener's class `cls` on a thread kept attached. Only threads this bridge
+// attached keep the cache: another thread's end may come after the virtual machine let it go.
+jmethodID KeptAttachedInvoke(JNIEnv* env, jclass cls, const ListenerKind& kind) {
+    ThreadAttachment& cache = t_attachment;
+    if (cache.vm == nullptr) {
+        return env->GetMethodID(cls, "invoke", kind.signature);
+    }
+    if (cache.kind == &kind && cache.cls != nullptr && env->IsSameObject(cls, cache.cls)) {
+        return cache.invoke;
+    }
+    const jmethodID invoke = env->GetMethodID(cls, "invoke", kind.signature);
+    if (invoke != nullptr) {
+        if (cache.cls != nullptr) {
+            env->DeleteWeakGlobalRef(cache.cls);
+        }
+        cache.cls = env->NewWeakGlobalRef(cls);
+        cache.kind = &kind;
+        cache.invoke = invoke;
+    }
+    return invoke;
+}
+
+// An exception the listener threw, on a thread that stays attached: nothing may stay pending
+// into the next event, so it goes where it would go when a thread ends, to the thread's
+// uncaught-exception handler (its group's when it has none of its own).
+void HandOverToUncaughtHandler(JNIEnv* env) {
+    jthrowable thrown = env->ExceptionOccurred();
+    if (thrown == nullptr) {
+        return;
+    }
+    env->ExceptionClear();
+    // Every step's own failure is cleared: whatever happens, nothing stays pending.
+    const auto failed = [env](const void* result) {
+        const bool pending = env->ExceptionCheck();
+        env->ExceptionClear();
+        return pending || result == nullptr;
+    };
+    jclass clsThread = env->FindClass("java/lang/Thread");
+    jmethodID current = nullptr;
+    jmethodID getHandler = nullptr;
+    jobject thread = nullptr;
+    jobject handler = nullptr;
+    jclass clsHandler = nullptr;
+    jmethodID uncaught = nullptr;
+    if (!failed(clsThread) &&
+        !failed(current =
+                    env->GetStaticMethodID(clsThread, "currentThread", "()Ljava/lang/Thread;")) &&
+        !failed(getHandler = env->GetMethodID(clsThread, "getUncaughtExceptionHandler",
+                                              "()Ljava/lang/Thread$UncaughtExceptionHandler;")) &&
+        !failed(thread = env->CallStaticObjectMethod(clsThread, current)) &&
+        !failed(handler = env->CallObjectMethod(thread, getHandler)) &&
+        !failed(clsHandler = env->GetObjectClass(handler)) &&
+        !failed(uncaught = env->GetMethodID(clsHandler, "uncaughtException",
+                                            "(Ljava/lang/Thread;Ljava/lang/Throwable;)V"))) {
+        env->CallVoidMethod(handler, uncaught, thread, thrown);
+        failed(nullptr);  // a handler that throws itself is ignored, as at a thread's end
+    }
+    for (jobject local : {static_cast<jobject>(clsHandler), handler, thread,
+                          static_cast<jobject>(clsThread), static_cast<jobject>(thrown)}) {
+        if (local != nullptr) {
+            env->DeleteLocalRef(local);
+        }
+    }
+}
+
+// One event's stay in Java. Construction attaches this library thread (no name, no group), or
+// in attached mode finds it attached, and resolves the listener's class and "invoke";
+// destruction deletes the tracked local references in the order they were made, then the
+// class, and detaches unconditionally in the default mode. The listener's class and method are
+// looked up on every event (a listener may come from any class loader; a thread kept attached
+// reuses the method while the class is provably the same); the trampoline returns 0 whatever
+// happens.
 class Event {
   public:
     Event(void* pUserParam, const ListenerKind& kind)
-        : vm_(g_jvm.load(std::memory_order_relaxed)), listener_(static_cast<jobject>(pUserParam)) {
-        vm_->AttachCurrentThread(reinterpret_cast<void**>(&env_), nullptr);
+        : vm_(g_jvm.load(std::memory_order_relaxed)),
+          listener_(static_cast<jobject>(pUserParam)),
+          keptAttached_(g_attachedThreads.load(std::memory_order_relaxed)) {
+        if (keptAttached_) {
+            env_ = KeptAttachedEnv(vm_);
+            if (env_ == nullptr) {
+                return;  // the virtual machine refused the thread: the event is dropped
+            }
+        } else {
+            vm_->AttachCurrentThread(reinterpret_cast<void**>(&env_), nullptr);
+        }
         cls_ = env_->GetObjectClass(listener_);
-        invoke_ = env_->GetMethodID(cls_, "invoke", kind.signature);
+        invoke_ = keptAttached_ ? KeptAttachedInvoke(env_, cls_, kind)
+                                : env_->GetMethodID(cls_, "invoke", kind.signature);
         if (invoke_ == nullptr) {
             // A listener without the kind's invoke (installed behind the setters' check) has
             // nothing to receive the event: it ends here, cleanly.
@@ -63,16 +185,24 @@ class Event {
     }
 
     // False when the listener cannot take this kind of event; the trampoline returns at once.
-    bool ready() const { return invoke_ != nullptr; }
+    bool ready() const { return env_ != nullptr && invoke_ != nullptr; }
 
     ~Event() {
+        if (env_ == nullptr) {
+            return;
+        }
         for (std::size_t k = 0; k < nLocals_; ++k) {
             env_->DeleteLocalRef(locals_[k]);
         }
-        if (deleteClass_) {
+        if (deleteClass_ || keptAttached_) {
+            // A thread that stays attached keeps no frame to release what is left behind.
             env_->DeleteLocalRef(cls_);
         }
-        vm_->DetachCurrentThread();
+        if (keptAttached_) {
+            HandOverToUncaughtHandler(env_);
+        } else {
+            vm_->DetachCurrentThread();
+        }
     }
 
     Event(const Event&) = delete;
@@ -106,8 +236,7 @@ class Event {
     // The data-change kind leaves its class reference for the detach to release.
     void LeaveClassToDetach() { deleteClass_ = false; }
 
-    // One byte[] per source: all are created first, in order, then filled in the same order by
-    // the common copy sequence.
+    // One byte[] per source: all are created first, in order, then filled in the same order.
     template <typename... Sources>
     auto ByteArrays(const Sources&... sources) {
         const Bytes from[] = {sources...};
@@ -116,21 +245,22 @@ class Event {
             arrays[k] = Track(env_->NewByteArray(from[k].n));
         }
         for (std::size_t k = 0; k < arrays.size(); ++k) {
-            CopyIntoArray(env_, arrays[k], from[k], true);
+            FillArray(env_, arrays[k], from[k]);
         }
         return arrays;
     }
 
-    // A byte[] created and filled without the region write.
-    jbyteArray ByteArrayByRelease(const Bytes& from) {
+    // A byte[] created and filled at once, before the next one is created.
+    jbyteArray ByteArray(const Bytes& from) {
         jbyteArray array = Track(env_->NewByteArray(from.n));
-        CopyIntoArray(env_, array, from, false);
+        FillArray(env_, array, from);
         return array;
     }
 
     // An exception the listener throws stays pending until the detach, where the virtual
-    // machine hands it to the thread's uncaught-exception handler. Checking it here marks it as
-    // seen, so the deletions that follow are legal JNI.
+    // machine hands it to the thread's uncaught-exception handler (in attached mode the event's
+    // end hands it over itself). Checking it here marks it as seen, so the deletions that follow
+    // are legal JNI.
     template <typename... Args>
     void Call(Args... args) {
         env_->CallVoidMethod(listener_, invoke_, args...);
@@ -142,6 +272,7 @@ class Event {
 
     JavaVM* vm_;
     jobject listener_;
+    bool keptAttached_;
     JNIEnv* env_ = nullptr;
     jclass cls_ = nullptr;
     jmethodID invoke_ = nullptr;
@@ -410,8 +541,8 @@ int32_t CSDKCB::fORVEXShareVideoCallback(int32_t nPDLLHandle, ShareVideoInfo* pV
         env->SetObjectArrayElement(jaVideoInfos, i, joVideoInfo);
         env->DeleteLocalRef(joVideoInfo);
     }
-    jbyteArray jarrMsg = event.ByteArrayByRelease(Text(szMsg));
-    jbyteArray jarrSrcUserName = event.ByteArrayByRelease(Text(szSrcUserName));
+    jbyteArray jarrMsg = event.ByteArray(Text(szMsg));
+    jbyteArray jarrSrcUserName = event.ByteArray(Text(szSrcUserName));
     event.Call(nPDLLHandle, jaVideoInfos, jarrMsg, nSrcUserId, jarrSrcUserName);
     return 0;
 }
@@ -501,4 +632,30 @@ bool ListenerFits(JNIEnv* env, jobject listener, const ListenerKind& kind) {
                                 " listener needs an instance method void invoke" + kind.signature;
     CJniKits::ThrowIllegalArgument(env, message.c_str());
     return false;
+}
+
+void ReadEventThreadMode(JNIEnv* env) {
+    jclass clsSystem = env->FindClass("java/lang/System");
+    if (clsSystem == nullptr) {
+        env->ExceptionClear();
+        return;
+    }
+    jmethodID getProperty =
+        env->GetStaticMethodID(clsSystem, "getProperty", "(Ljava/lang/String;)Ljava/lang/String;");
+    jstring name = env->NewStringUTF("orvex.events.threads");
+    auto value = static_cast<jstring>(env->CallStaticObjectMethod(clsSystem, getProperty, name));
+    bool attached = false;
+    if (env->ExceptionCheck()) {
+        env->ExceptionClear();  // a security manager's refusal: the default mode
+    } else if (value != nullptr) {
+        const char* chars = env->GetStringUTFChars(value, nullptr);
+        attached = chars != nullptr && std::strcmp(chars, "attached") == 0;
+        if (chars != nullptr) {
+            env->ReleaseStringUTFChars(value, chars);
+        }
+        env->DeleteLocalRef(value);
+    }
+    env->DeleteLocalRef(name);
+    env->DeleteLocalRef(clsSystem);
+    g_attachedThreads.store(attached, std::memory_order_relaxed);
 }

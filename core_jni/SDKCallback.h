@@ -6,7 +6,12 @@
 // class and "invoke" method up afresh, converts the arguments, calls, deletes its local
 // references and detaches again. The library must therefore call these only from threads of its
 // own: a thread that is already attached would be detached at the end of the event. Null user
-// data drops the event; null strings are not tolerated (they go to strlen or memcpy).
+// data drops the event; a null string or buffer arrives as an empty array.
+//
+// With the system property orvex.events.threads=attached (read at load), a library thread is
+// instead attached once, as a daemon, at its first event and detached when the library ends the
+// thread; a listener's exception then goes to the thread's uncaught-exception handler at the end
+// of the event, leaving nothing pending.
 #pragma once
 
 #include <jni.h>
@@ -45,6 +50,9 @@ inline constexpr ListenerKind kBayCarInfoEx{
 inline constexpr ListenerKind kDataChange{"ORVEXDataChangeCallback",
                                           "(ILcom/zq/OrvexCore/UserDataChange_t;)V"};
 }  // namespace listener_kinds
+
+// Reads orvex.events.threads from the virtual machine's system properties; called at load.
+void ReadEventThreadMode(JNIEnv* env);
 
 // True when the listener's class has the kind's instance method "invoke" with exactly its
 // signature. Otherwise false, with IllegalArgumentException naming the kind and the signature

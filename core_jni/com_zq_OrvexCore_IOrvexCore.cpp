@@ -7,6 +7,7 @@
 #include "BridgeFrame.h"
 #include "JniKits.h"
 #include "ORVEX_Core.h"
+#include "SDKCallback.h"
 
 std::atomic<JavaVM*> g_jvm{nullptr};
 std::atomic<int> g_nLastError{0};
@@ -54,6 +55,7 @@ JNIEXPORT jint JNICALL JNI_OnLoad(JavaVM* vm, void* /*reserved*/) {
     }
     g_clsShareVideoInfo = GlobalClass(env, "com/zq/OrvexCore/ShareVideoInfo");
     g_clsDataChangeInfo = GlobalClass(env, "com/zq/OrvexCore/UserDataChange_t");
+    ReadEventThreadMode(env);
     return JNI_VERSION_1_6;
 }
 

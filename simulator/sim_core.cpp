@@ -37,29 +37,41 @@ void AddError(std::string message) {
 
 }  // namespace
 
-CallRecord::CallRecord(const char* fn) {
-    call_.fn = fn;
-}
+std::atomic<bool> CallRecord::quietFlag{false};
 
-CallRecord& CallRecord::scalar(const char* name, int64_t value) {
+namespace {
+
+// The environment is read once at load; until then (and without it) calls are recorded.
+[[maybe_unused]] const bool g_quietFromEnvironment = [] {
+    const char* chosen = std::getenv("ORVEX_SIM_RECORD");
+    const bool quiet = chosen != nullptr && std::strcmp(chosen, "off") == 0;
+    if (quiet) {
+        CallRecord::quietFlag.store(true, std::memory_order_relaxed);
+    }
+    return quiet;
+}();
+
+}  // namespace
+
+CallRecord& CallRecord::recordScalar(const char* name, int64_t value) {
     Arg arg;
     arg.name = name;
     arg.value = value;
-    call_.args.push_back(std::move(arg));
+    rec_->call.args.push_back(std::move(arg));
     return *this;
 }
 
-CallRecord& CallRecord::address(const char* name, const void* p) {
+CallRecord& CallRecord::recordAddress(const char* name, const void* p) {
     Arg arg;
     arg.name = name;
     arg.pointer = true;
     arg.isNull = p == nullptr;
     arg.value = static_cast<int64_t>(reinterpret_cast<intptr_t>(p));
-    call_.args.push_back(std::move(arg));
+    rec_->call.args.push_back(std::move(arg));
     return *this;
 }
 
-CallRecord& CallRecord::bytes(const char* name, const void* p, std::size_t n) {
+CallRecord& CallRecord::recordBytes(const char* name, const void* p, std::size_t n) {
     Arg arg;
     arg.name = name;
     arg.pointer = true;
@@ -68,28 +80,24 @@ CallRecord& CallRecord::bytes(const char* name, const void* p, std::size_t n) {
         const auto* b = static_cast<const uint8_t*>(p);
         arg.bytes.assign(b, b + n);
     }
-    call_.args.push_back(std::move(arg));
+    rec_->call.args.push_back(std::move(arg));
     return *this;
 }
 
-CallRecord& CallRecord::text(const char* name, const char* s) {
-    return bytes(name, s, s ? std::strlen(s) + 1 : 0);
+CallRecord& CallRecord::recordText(const char* name, const char* s) {
+    return recordBytes(name, s, s ? std::strlen(s) + 1 : 0);
 }
 
-CallRecord& CallRecord::out(const char* name, void* p, std::size_t n) {
-    bytes(name, p, n);
+CallRecord& CallRecord::recordOut(const char* name, void* p, std::size_t n) {
+    recordBytes(name, p, n);
     if (p != nullptr) {
-        targets_.push_back({name, p, n});
+        rec_->targets.push_back({name, p, n});
     }
     return *this;
 }
 
-int32_t CallRecord::finish(const std::function<int32_t()>& platform) {
+int32_t CallRecord::finishRecorded(const std::function<int32_t()>& platform) {
     return finishWith(mode() == Mode::Platform ? platform : nullptr);
-}
-
-int32_t CallRecord::finishAlways(const std::function<int32_t()>& answer) {
-    return finishWith(answer);
 }
 
 int32_t CallRecord::finishWith(const std::function<int32_t()>& unscripted) {
@@ -97,8 +105,8 @@ int32_t CallRecord::finishWith(const std::function<int32_t()>& unscripted) {
     bool scripted = false;
     {
         std::lock_guard<std::mutex> lock(S().mu);
-        S().calls.push_back(call_);
-        auto it = S().scripts.find(call_.fn);
+        S().calls.push_back(rec_->call);
+        auto it = S().scripts.find(rec_->call.fn);
         if (it != S().scripts.end() && !it->second.empty()) {
             reply = std::move(it->second.front());
             it->second.pop_front();
@@ -109,14 +117,14 @@ int32_t CallRecord::finishWith(const std::function<int32_t()>& unscripted) {
         return unscripted ? unscripted() : 0;
     }
     for (const Write& w : reply.writes) {
-        auto t = std::find_if(targets_.begin(), targets_.end(),
+        auto t = std::find_if(rec_->targets.begin(), rec_->targets.end(),
                               [&](const Target& x) { return x.name == w.target; });
-        if (t == targets_.end()) {
-            AddError(call_.fn + ": no output named " + w.target);
+        if (t == rec_->targets.end()) {
+            AddError(rec_->call.fn + ": no output named " + w.target);
             continue;
         }
         if (w.offset > t->n || w.bytes.size() > t->n - w.offset) {
-            AddError(call_.fn + ": write of " + std::to_string(w.bytes.size()) +
+            AddError(rec_->call.fn + ": write of " + std::to_string(w.bytes.size()) +
                      " bytes at offset " + std::to_string(w.offset) + " exceeds " + w.target +
                      " (" + std::to_string(t->n) + " bytes)");
             continue;
@@ -354,6 +362,18 @@ void setMode(Mode m) {
 
 Mode mode() {
     return CurrentMode().load();
+}
+
+}  // namespace orvexsim
+
+namespace orvexsim {
+
+void setRecording(bool on) {
+    CallRecord::quietFlag.store(!on, std::memory_order_relaxed);
+}
+
+bool recording() {
+    return !CallRecord::quietFlag.load(std::memory_order_relaxed);
 }
 
 }  // namespace orvexsim

@@ -12,9 +12,11 @@
 // stand-in owns.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -53,23 +55,40 @@ struct Reply {
 
 class ORVEXSIM_API CallRecord {
   public:
-    explicit CallRecord(const char* fn);
+    // While recording is off (setRecording) every member below returns at once: a call then
+    // costs next to nothing, so that benchmarks measure the bridge.
+    explicit CallRecord(const char* fn) : quiet_(quietFlag.load(std::memory_order_relaxed)) {
+        if (!quiet_) {
+            rec_.emplace();
+            rec_->call.fn = fn;
+        }
+    }
 
     // An integer, enumeration or flag, sign- or zero-extended as its C type is.
-    CallRecord& scalar(const char* name, int64_t value);
+    CallRecord& scalar(const char* name, int64_t value) {
+        return quiet_ ? *this : recordScalar(name, value);
+    }
     // A function or user-data pointer, recorded by address.
-    CallRecord& address(const char* name, const void* p);
+    CallRecord& address(const char* name, const void* p) {
+        return quiet_ ? *this : recordAddress(name, p);
+    }
     // Bytes the library reads: a structure, a record array, a buffer of known length.
-    CallRecord& bytes(const char* name, const void* p, std::size_t n);
+    CallRecord& bytes(const char* name, const void* p, std::size_t n) {
+        return quiet_ ? *this : recordBytes(name, p, n);
+    }
     template <typename T>
     CallRecord& record(const char* name, const T* p) {
         return bytes(name, p, sizeof(T));
     }
     // A NUL-terminated string, recorded with its terminator.
-    CallRecord& text(const char* name, const char* s);
+    CallRecord& text(const char* name, const char* s) {
+        return quiet_ ? *this : recordText(name, s);
+    }
     // Memory the library may write (out scalars, out structures and records, text buffers):
     // recorded as it was on entry and offered to scripted writes, bounded by n.
-    CallRecord& out(const char* name, void* p, std::size_t n);
+    CallRecord& out(const char* name, void* p, std::size_t n) {
+        return quiet_ ? *this : recordOut(name, p, n);
+    }
     template <typename T>
     CallRecord& out(const char* name, T* p) {
         return out(name, p, p ? sizeof(T) : 0);
@@ -77,20 +96,40 @@ class ORVEXSIM_API CallRecord {
 
     // Logs the call and produces its result: the next scripted reply for this function if any,
     // else `platform` (the simulated platform's own answer), else 0 with outputs untouched.
-    int32_t finish(const std::function<int32_t()>& platform = nullptr);
+    // With recording off: 0, outputs untouched.
+    int32_t finish(const std::function<int32_t()>& platform) {
+        return quiet_ ? 0 : finishRecorded(platform);
+    }
+    int32_t finish() { return quiet_ ? 0 : finishRecorded(nullptr); }
     // As finish(), but `answer` stands in for an unscripted call in every mode: for answers the
     // stand-in must give even to tests that script nothing.
-    int32_t finishAlways(const std::function<int32_t()>& answer);
+    int32_t finishAlways(const std::function<int32_t()>& answer) {
+        return quiet_ ? 0 : finishWith(answer);
+    }
+
+    // Set while recording is off; see setRecording().
+    static std::atomic<bool> quietFlag;
 
   private:
+    CallRecord& recordScalar(const char* name, int64_t value);
+    CallRecord& recordAddress(const char* name, const void* p);
+    CallRecord& recordBytes(const char* name, const void* p, std::size_t n);
+    CallRecord& recordText(const char* name, const char* s);
+    CallRecord& recordOut(const char* name, void* p, std::size_t n);
+    int32_t finishRecorded(const std::function<int32_t()>& platform);
     int32_t finishWith(const std::function<int32_t()>& unscripted);
     struct Target {
         std::string name;
         void* p;
         std::size_t n;
     };
-    Call call_;
-    std::vector<Target> targets_;
+    // What a recorded call keeps; nothing is built while recording is off.
+    struct Recorded {
+        Call call;
+        std::vector<Target> targets;
+    };
+    bool quiet_;
+    std::optional<Recorded> rec_;
 };
 
 // Callback kinds, named in tests as in Java after their listener interfaces.
@@ -177,5 +216,12 @@ namespace orvexsim {
 enum class Mode { Platform, ScriptedOnly };
 ORVEXSIM_API void setMode(Mode mode);
 ORVEXSIM_API Mode mode();
+
+// Whether calls are recorded at all. Off, every call returns 0 at once, unrecorded and with its
+// outputs untouched (neither scripts nor the simulated platform answer), and callback
+// registrations are still kept: so that benchmarks measure the bridge, not the stand-in. The
+// environment variable ORVEX_SIM_RECORD=off turns it off at load.
+ORVEXSIM_API void setRecording(bool on);
+ORVEXSIM_API bool recording();
 
 }  // namespace orvexsim

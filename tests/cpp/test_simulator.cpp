@@ -206,4 +206,30 @@ TEST_F(StandIn, KeepsMediaCallbacksPerStream) {
     EXPECT_EQ(2, g_dataLen);
 }
 
+// With recording off a call is neither logged nor answered by a script (which stays queued for
+// later), returns 0 and leaves its outputs alone; stream registrations are still kept.
+TEST_F(StandIn, WithRecordingOffCallsAnswerZeroUnrecordedAndRegistrationsStay) {
+    control::script("ORVEX_Create", {5, {{"pnSdkHandle", 0, Le32(41)}}});
+    orvexsim::setRecording(false);
+    int32_t handle = -1;
+    const int32_t quiet = ORVEX_Create(ORVEX_CORE_SDK_SERVER, &handle);
+    Get_RealStream_Info_t info;
+    std::memset(&info, 0, sizeof(info));
+    int32_t seq = 0;
+    const int32_t opened = ORVEX_GetRealStream(2, &seq, &info, MediaProbe, nullptr, 1000);
+    const auto quietCalls = control::calls();
+    orvexsim::setRecording(true);
+
+    EXPECT_EQ(0, quiet);
+    EXPECT_EQ(-1, handle);
+    EXPECT_EQ(0, opened);
+    EXPECT_TRUE(quietCalls.empty());
+    orvexsim::Registration reg;
+    EXPECT_TRUE(orvexsim::lookup(CbKind::MediaData, 2, 0, &reg));
+    EXPECT_EQ(reinterpret_cast<void*>(MediaProbe), reg.fn);
+    EXPECT_EQ(5, ORVEX_Create(ORVEX_CORE_SDK_SERVER, &handle));
+    EXPECT_EQ(41, handle);
+    EXPECT_EQ(1u, control::calls().size());
+}
+
 }  // namespace

@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "ORVEX_Core.h"
 #include "jni_util.h"
 #include "sim_control.h"
 
@@ -204,6 +206,32 @@ JNIEXPORT jlong JNICALL Java_simctl_SimControl_fireMany(JNIEnv* env, jclass, jst
         ThrowState(env, error);
     }
     return delivered;
+}
+
+// One media event per entry of `seqs`, in order, to that stream's registration, all from the
+// same thread of the stand-in's own: one library thread serving several streams.
+JNIEXPORT jint JNICALL Java_simctl_SimControl_fireStreams(JNIEnv* env, jclass, jint handle,
+                                                          jintArray seqs, jint param) {
+    std::vector<jint> order(static_cast<size_t>(env->GetArrayLength(seqs)));
+    env->GetIntArrayRegion(seqs, 0, static_cast<jsize>(order.size()), order.data());
+    std::vector<orvexsim::Registration> targets;
+    for (const jint seq : order) {
+        orvexsim::Registration reg;
+        if (!orvexsim::lookup(CbKind::MediaData, handle, seq, &reg)) {
+            ThrowState(env, "no media stream " + std::to_string(seq));
+            return 0;
+        }
+        targets.push_back(reg);
+    }
+    char frame[] = {1, 2, 3};
+    std::thread library([&] {
+        for (std::size_t k = 0; k < targets.size(); ++k) {
+            reinterpret_cast<pfnMediaDataCallback>(targets[k].fn)(
+                handle, order[k], 1, "node", param, frame, sizeof frame, targets[k].user);
+        }
+    });
+    library.join();
+    return static_cast<jint>(targets.size());
 }
 
 // Puts a registration in place as the library keeps it, bypassing the registration functions:

@@ -28,7 +28,8 @@ import simctl.SimControl;
 
 /**
  * Many stand-in threads fire events of several kinds at once. Every event must arrive exactly
- * once with its payload intact, and every thread must be detached afterwards. JNI misuse under
+ * once with its payload intact, and every thread must be detached afterwards, in either way of
+ * attaching event threads. JNI misuse under
  * this load shows up as -Xcheck:jni output, which fails the test run as a whole.
  */
 class CallbackStormTest {
@@ -169,9 +170,13 @@ class CallbackStormTest {
                 assertEquals(1, s.seen().get(i), s.kind() + " event " + i);
             }
         }
-        assertTrue(threads.getTotalStartedThreadCount() - startedBefore
-                        >= (long) storms.size() * PER_KIND,
-                "one attach per event");
+        long started = threads.getTotalStartedThreadCount() - startedBefore;
+        if ("attached".equals(System.getProperty("orvex.events.threads"))) {
+            assertTrue(started >= (long) storms.size() * THREADS_PER_KIND && started < PER_KIND,
+                    "one attach per library thread: " + started);
+        } else {
+            assertTrue(started >= (long) storms.size() * PER_KIND, "one attach per event");
+        }
         for (int i = 0; i < 200 && threads.getThreadCount() != liveBefore; i++) {
             Thread.sleep(10);
         }

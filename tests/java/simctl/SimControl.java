@@ -44,6 +44,13 @@ public final class SimControl {
             int threads, int eventsPerThread, int stampArg);
 
     /**
+     * Fires one media event (node "node", a 3-byte frame, {@code param} as its parameter value)
+     * per entry of {@code seqs}, in order, each to that stream of {@code handle}, all from one
+     * stand-in thread; returns the number delivered.
+     */
+    public static native int fireStreams(int handle, int[] seqs, int param);
+
+    /**
      * Puts a registration in place as the library would keep it, without a registration call:
      * function address {@code fn} (see {@link BridgeInternals#trampoline}) with a new global
      * reference to {@code listener} as user data, or null user data for a null listener. Media
