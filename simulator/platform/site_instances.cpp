@@ -311,6 +311,31 @@ int32_t EndSession(int32_t handle) {
     return ORVEX_RET_SUCCESS;
 }
 
+namespace {
+
+std::vector<std::function<void(int32_t)>>& SessionHooks() {
+    static auto* hooks = new std::vector<std::function<void(int32_t)>>;
+    return *hooks;
+}
+
+}  // namespace
+
+void OnSessionStarted(std::function<void(int32_t handle)> hook) {
+    std::lock_guard<std::mutex> lock(PlatformMutex());
+    SessionHooks().push_back(std::move(hook));
+}
+
+void NotifySessionStarted(int32_t handle) {
+    std::vector<std::function<void(int32_t)>> hooks;
+    {
+        std::lock_guard<std::mutex> lock(PlatformMutex());
+        hooks = SessionHooks();
+    }
+    for (const auto& hook : hooks) {
+        hook(handle);
+    }
+}
+
 int32_t WithInstance(int32_t handle, bool needLogin,
                      const std::function<int32_t(Instance&, Site&)>& f) {
     if (!SiteReady()) {

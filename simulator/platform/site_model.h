@@ -296,9 +296,11 @@ struct Instance {
     uint32_t userId = 0;
     std::string userName;
     bool treeLoaded = false;
+    std::string treeText;  // the text export of the last tree load
     int32_t compressType = 0;
-    std::string logFile;
-    std::string monitorFile;
+    std::string logFile;  // empty: no log
+    int32_t logLevel = 2;
+    std::string monitorFile;  // empty: no monitor output
 };
 
 // Creates an instance (ORVEX_CORE_ERROR_SCENARIO_INVALID when the site could not be loaded),
@@ -310,6 +312,11 @@ int32_t DestroyInstance(int32_t handle);
 // Logs out: ends the session's jobs, tells the media engine. 1001 unknown, 1003 not logged in.
 int32_t EndSession(int32_t handle);
 
+// Hooks run after a successful login, on the caller's thread without the lock (for example to
+// start the session's scheduled jobs). Register once, at first use of a subsystem.
+void OnSessionStarted(std::function<void(int32_t handle)> hook);
+void NotifySessionStarted(int32_t handle);
+
 // Runs `f(instance, site)` under the lock if the instance exists (else 1001), and, when
 // `needLogin`, is logged in (else 1003); returns f's result.
 int32_t WithInstance(int32_t handle, bool needLogin,
@@ -318,10 +325,24 @@ int32_t WithInstance(int32_t handle, bool needLogin,
 int32_t WithTree(int32_t handle, const std::function<int32_t(Instance&, Site&)>& f);
 
 // Fires the callback registered for (kind, handle) with `args` (as kindSpec(kind).invoke takes
-// them, without the user pointer) on the instance's event thread: never on the caller's thread,
-// in posting order per instance. The registration is looked up when the event is delivered;
-// an event for an unknown instance, or a kind without a registration, is dropped.
+// them: every parameter of the C callback but the user pointer, the handle included) on the
+// instance's event thread: never on the caller's thread, in posting order per instance. The
+// registration is looked up when the event is delivered; an event for an unknown instance, or a
+// kind without a registration, is dropped.
 void PostEvent(CbKind kind, int32_t handle, std::vector<Value> args);
+
+// Event arguments: an integer, or a text (the invoker appends its terminator).
+inline Value IntArg(int64_t v) {
+    Value a;
+    a.i = v;
+    return a;
+}
+inline Value TextArg(const std::string& text) {
+    Value a;
+    a.isBytes = true;
+    a.b.assign(text.begin(), text.end());
+    return a;
+}
 
 // Values of the connection-status callback's nStatus.
 enum ConnectionStatus : int32_t {
