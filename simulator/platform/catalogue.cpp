@@ -127,6 +127,19 @@ int32_t ChannelList(int32_t handle, GetInfo* info, Record* GetInfo::*array, Fill
     });
 }
 
+// The department a group request names: 1009 without a request, 1010 for an unknown coding.
+template <typename Info, typename F>
+int32_t WithGroup(int32_t handle, Info* info, F f) {
+    return Read(handle, [&](Site& site) -> int32_t {
+        if (info == nullptr) {
+            return ORVEX_CORE_ERROR_INVALID_PARAM;
+        }
+        const std::string coding = Get(info->szCoding);
+        return site.department(coding) == nullptr ? ORVEX_CORE_ERROR_GROUP_NOT_FOUND
+                                                  : f(site, coding);
+    });
+}
+
 // A logical department by coding, or the error for a missing coding argument or department.
 template <typename F>
 int32_t WithLogic(int32_t handle, const char* coding, F f) {
@@ -253,14 +266,7 @@ int32_t GetRootGroup(int32_t handle, Dep_Info_t* info) {
 }
 
 int32_t GetGroupCount(int32_t handle, Get_Dep_Count_Info_t* info) {
-    return Read(handle, [info](Site& site) -> int32_t {
-        if (info == nullptr) {
-            return ORVEX_CORE_ERROR_INVALID_PARAM;
-        }
-        const std::string coding = Get(info->szCoding);
-        if (site.department(coding) == nullptr) {
-            return ORVEX_CORE_ERROR_GROUP_NOT_FOUND;
-        }
+    return WithGroup(handle, info, [info](Site& site, const std::string& coding) {
         const std::vector<const Device*> devices = site.devicesOf(coding);
         uint32_t channels = 0;
         for (const Device* d : devices) {
@@ -274,14 +280,7 @@ int32_t GetGroupCount(int32_t handle, Get_Dep_Count_Info_t* info) {
 }
 
 int32_t GetGroup(int32_t handle, Get_Dep_Info_t* info) {
-    return Read(handle, [info](Site& site) -> int32_t {
-        if (info == nullptr) {
-            return ORVEX_CORE_ERROR_INVALID_PARAM;
-        }
-        const std::string coding = Get(info->szCoding);
-        if (site.department(coding) == nullptr) {
-            return ORVEX_CORE_ERROR_GROUP_NOT_FOUND;
-        }
+    return WithGroup(handle, info, [info](Site& site, const std::string& coding) -> int32_t {
         if ((info->nDepCount > 0 && info->pDepInfo == nullptr) ||
             (info->nDeviceCount > 0 && info->pDeviceInfo == nullptr)) {
             return ORVEX_CORE_ERROR_INVALID_PARAM;

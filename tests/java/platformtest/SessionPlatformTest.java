@@ -16,9 +16,14 @@ import com.zq.OrvexCore.Return_Value_Info_t;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import java.util.ArrayList;
 import java.util.HashSet;
 import java.util.List;
 import java.util.Set;
+import java.util.concurrent.ExecutorService;
+import java.util.concurrent.Executors;
+import java.util.concurrent.Future;
+import java.util.concurrent.TimeUnit;
 import java.util.function.IntUnaryOperator;
 import org.junit.jupiter.api.Tag;
 import org.junit.jupiter.api.Test;
@@ -167,6 +172,32 @@ class SessionPlatformTest {
         String monitorText = Files.readString(monitor, StandardCharsets.UTF_8);
         assertTrue(monitorText.contains("instance " + h + ": monitor started"), monitorText);
         assertTrue(monitorText.contains("instance " + h + ": logged in as admin"), monitorText);
+    }
+
+    @Test
+    void manyThreadsRunSessionsAtOnceAndSeeTheSameSite() throws Exception {
+        int reference = Platform.sessionWithTree();
+        Tree expected = Tree.walk(reference);
+        Platform.end(reference);
+        ExecutorService pool = Executors.newFixedThreadPool(4);
+        try {
+            List<Future<Tree>> walks = new ArrayList<>();
+            for (int k = 0; k < 12; k++) {
+                walks.add(pool.submit(() -> {
+                    int h = Platform.sessionWithTree();
+                    Tree tree = Tree.walk(h);
+                    Platform.end(h);
+                    return tree;
+                }));
+            }
+            for (Future<Tree> walk : walks) {
+                Tree tree = walk.get(60, TimeUnit.SECONDS);
+                assertEquals(expected.departments, tree.departments);
+                assertEquals(expected.channels, tree.channels);
+            }
+        } finally {
+            pool.shutdownNow();
+        }
     }
 
     @Test
