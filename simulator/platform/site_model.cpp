@@ -116,7 +116,10 @@ std::vector<const LogicDepartment*> Site::logicChildren(const std::string& codin
 
 namespace {
 
+// The first inconsistency found; checking goes on harmlessly after it (no exceptions: the
+// stand-in may run where throwing does not work).
 struct Invalid {
+    bool found = false;
     std::string where;
     std::string problem;
 };
@@ -126,103 +129,108 @@ std::string At(const char* list, std::size_t k, const char* member = nullptr) {
     return member == nullptr ? s : s + "/" + member;
 }
 
-void Require(bool ok, const std::string& where, const std::string& problem) {
-    if (!ok) {
-        throw Invalid{where, problem};
+bool Require(Invalid& c, bool ok, const std::string& where, const std::string& problem) {
+    if (!ok && !c.found) {
+        c = {true, where, problem};
     }
+    return ok;
 }
 
 // Registers an identifier in a namespace; a second use is an error at its place.
 template <typename Key>
-void Unique(std::set<Key>& seen, const Key& key, const std::string& where, const char* what) {
+void Unique(Invalid& c, std::set<Key>& seen, const Key& key, const std::string& where,
+            const char* what) {
     std::string shown;
     if constexpr (std::is_same_v<Key, std::string>) {
-        Require(!key.empty(), where, std::string("empty ") + what);
+        Require(c, !key.empty(), where, std::string("empty ") + what);
         shown = "\"" + key + "\"";
     } else {
         shown = std::to_string(key);
     }
-    Require(seen.insert(key).second, where, std::string("duplicate ") + what + " " + shown);
+    Require(c, seen.insert(key).second, where, std::string("duplicate ") + what + " " + shown);
 }
 
-void Resolves(bool found, const std::string& where, const std::string& id, const char* what) {
-    Require(found, where, std::string("no ") + what + " \"" + id + "\"");
+void Resolves(Invalid& c, bool found, const std::string& where, const std::string& id,
+              const char* what) {
+    Require(c, found, where, std::string("no ") + what + " \"" + id + "\"");
 }
 
 // One root first, parents that exist, no cycles; `Node` has coding and parent.
 template <typename Node>
-void CheckTree(const std::vector<Node>& nodes, const char* list) {
+void CheckTree(Invalid& c, const std::vector<Node>& nodes, const char* list) {
     std::map<std::string, std::string> parentOf;
     std::set<std::string> seen;
     for (std::size_t k = 0; k < nodes.size(); ++k) {
-        Unique(seen, nodes[k].coding, At(list, k, "coding"), "coding");
+        Unique(c, seen, nodes[k].coding, At(list, k, "coding"), "coding");
         parentOf[nodes[k].coding] = nodes[k].parent;
-        Require((k == 0) == nodes[k].parent.empty(), At(list, k, "parent"),
+        Require(c, (k == 0) == nodes[k].parent.empty(), At(list, k, "parent"),
                 k == 0 ? "the first entry is the root and has no parent"
                        : "only the first entry is a root: parent missing");
     }
     for (std::size_t k = 1; k < nodes.size(); ++k) {
-        Resolves(seen.count(nodes[k].parent) != 0, At(list, k, "parent"), nodes[k].parent,
+        Resolves(c, seen.count(nodes[k].parent) != 0, At(list, k, "parent"), nodes[k].parent,
                  "department with coding");
         std::string at = nodes[k].parent;
         for (std::size_t steps = 0; !at.empty(); ++steps) {
-            Require(steps <= nodes.size() && at != nodes[k].coding, At(list, k, "parent"),
-                    "the parents form a cycle");
+            if (!Require(c, steps <= nodes.size() && at != nodes[k].coding, At(list, k, "parent"),
+                         "the parents form a cycle")) {
+                break;
+            }
             at = parentOf[at];
         }
     }
 }
 
-void CheckCatalogue(const Site& site, std::set<std::string>& nodes) {
-    Require(!site.departments.empty(), "/departments", "at least the root department is needed");
-    CheckTree(site.departments, "departments");
+void CheckCatalogue(Invalid& c, const Site& site, std::set<std::string>& nodes) {
+    Require(c, !site.departments.empty(), "/departments", "at least the root department is needed");
+    CheckTree(c, site.departments, "departments");
     std::set<std::string> devices;
     for (std::size_t k = 0; k < site.devices.size(); ++k) {
         const Device& d = site.devices[k];
-        Unique(devices, d.id, At("devices", k, "id"), "device identifier");
-        Unique(nodes, d.id, At("devices", k, "id"), "identifier");
-        Resolves(site.department(d.department) != nullptr, At("devices", k, "department"),
+        Unique(c, devices, d.id, At("devices", k, "id"), "device identifier");
+        Unique(c, nodes, d.id, At("devices", k, "id"), "identifier");
+        Resolves(c, site.department(d.department) != nullptr, At("devices", k, "department"),
                  d.department, "department with coding");
         const std::string at = At("devices", k);
-        for (std::size_t c = 0; c < d.channels.size(); ++c) {
-            const std::string ch = at + "/channels/" + std::to_string(c);
-            Unique(nodes, d.channels[c].id, ch + "/id", "identifier");
+        for (std::size_t n = 0; n < d.channels.size(); ++n) {
+            const std::string ch = at + "/channels/" + std::to_string(n);
+            Unique(c, nodes, d.channels[n].id, ch + "/id", "identifier");
             std::set<uint32_t> codes;
-            for (std::size_t p = 0; p < d.channels[c].presets.size(); ++p) {
-                Unique(codes, d.channels[c].presets[p].code,
+            for (std::size_t p = 0; p < d.channels[n].presets.size(); ++p) {
+                Unique(c, codes, d.channels[n].presets[p].code,
                        ch + "/presets/" + std::to_string(p) + "/code", "preset code");
             }
         }
         for (std::size_t a = 0; a < d.alarmInputs.size(); ++a) {
-            Unique(nodes, d.alarmInputs[a].id, at + "/alarmInputs/" + std::to_string(a) + "/id",
+            Unique(c, nodes, d.alarmInputs[a].id, at + "/alarmInputs/" + std::to_string(a) + "/id",
                    "identifier");
         }
         std::set<int32_t> disks;
         for (std::size_t n = 0; n < d.disks.size(); ++n) {
-            Unique(disks, d.disks[n].id, at + "/disks/" + std::to_string(n) + "/id", "disk id");
+            Unique(c, disks, d.disks[n].id, at + "/disks/" + std::to_string(n) + "/id", "disk id");
         }
     }
     std::set<uint32_t> userIds;
     std::set<std::string> userNames;
     for (std::size_t k = 0; k < site.users.size(); ++k) {
         const User& u = site.users[k];
-        Unique(userIds, u.id, At("users", k, "id"), "user id");
-        Unique(userNames, u.name, At("users", k, "name"), "user name");
-        Resolves(site.department(u.department) != nullptr, At("users", k, "department"),
+        Unique(c, userIds, u.id, At("users", k, "id"), "user id");
+        Unique(c, userNames, u.name, At("users", k, "name"), "user name");
+        Resolves(c, site.department(u.department) != nullptr, At("users", k, "department"),
                  u.department, "department with coding");
     }
     if (!site.logicOrg.empty()) {
-        CheckTree(site.logicOrg, "logicOrg");
+        CheckTree(c, site.logicOrg, "logicOrg");
     }
     for (std::size_t k = 0; k < site.logicOrg.size(); ++k) {
         const LogicDepartment& l = site.logicOrg[k];
         for (std::size_t n = 0; n < l.devices.size(); ++n) {
-            Resolves(site.device(l.devices[n]) != nullptr,
+            Resolves(c, site.device(l.devices[n]) != nullptr,
                      At("logicOrg", k, "devices") + "/" + std::to_string(n), l.devices[n],
                      "device");
         }
         for (std::size_t n = 0; n < l.channels.size(); ++n) {
-            Resolves(site.channel(l.channels[n]) != nullptr,
+            Resolves(c, site.channel(l.channels[n]) != nullptr,
                      At("logicOrg", k, "channels") + "/" + std::to_string(n), l.channels[n],
                      "channel");
         }
@@ -231,65 +239,65 @@ void CheckCatalogue(const Site& site, std::set<std::string>& nodes) {
 
 // Entries that name a device (`device` member) or a channel (`camera` member).
 template <typename T>
-void DevicesResolve(const Site& site, const std::vector<T>& list, const char* name) {
+void DevicesResolve(Invalid& c, const Site& site, const std::vector<T>& list, const char* name) {
     for (std::size_t k = 0; k < list.size(); ++k) {
-        Resolves(site.device(list[k].device) != nullptr, At(name, k, "device"), list[k].device,
+        Resolves(c, site.device(list[k].device) != nullptr, At(name, k, "device"), list[k].device,
                  "device");
     }
 }
 
 template <typename T>
-void CamerasResolve(const Site& site, const std::vector<T>& list, const char* name) {
+void CamerasResolve(Invalid& c, const Site& site, const std::vector<T>& list, const char* name) {
     for (std::size_t k = 0; k < list.size(); ++k) {
-        Resolves(site.channel(list[k].camera) != nullptr, At(name, k, "camera"), list[k].camera,
+        Resolves(c, site.channel(list[k].camera) != nullptr, At(name, k, "camera"), list[k].camera,
                  "channel");
     }
 }
 
-void CheckEquipment(const Site& site, std::set<std::string>& nodes) {
+void CheckEquipment(Invalid& c, const Site& site, std::set<std::string>& nodes) {
     std::set<uint32_t> walls;
     for (std::size_t k = 0; k < site.walls.size(); ++k) {
-        Unique(walls, site.walls[k].id, At("walls", k, "id"), "wall id");
+        Unique(c, walls, site.walls[k].id, At("walls", k, "id"), "wall id");
         std::set<uint32_t> screens;
         for (std::size_t s = 0; s < site.walls[k].screens.size(); ++s) {
             const WallScreen& screen = site.walls[k].screens[s];
             const std::string at = At("walls", k, "screens") + "/" + std::to_string(s);
-            Unique(screens, screen.id, at + "/id", "screen id");
-            Resolves(screen.decoder.empty() || site.device(screen.decoder) != nullptr,
+            Unique(c, screens, screen.id, at + "/id", "screen id");
+            Resolves(c, screen.decoder.empty() || site.device(screen.decoder) != nullptr,
                      at + "/decoder", screen.decoder, "device");
         }
     }
     for (std::size_t k = 0; k < site.doors.size(); ++k) {
-        Unique(nodes, site.doors[k].id, At("doors", k, "id"), "identifier");
+        Unique(c, nodes, site.doors[k].id, At("doors", k, "id"), "identifier");
     }
-    DevicesResolve(site, site.doors, "doors");
-    DevicesResolve(site, site.alarmHosts, "alarmHosts");
+    DevicesResolve(c, site, site.doors, "doors");
+    DevicesResolve(c, site, site.alarmHosts, "alarmHosts");
     std::set<std::string> hosts;
     for (std::size_t k = 0; k < site.alarmHosts.size(); ++k) {
-        Unique(hosts, site.alarmHosts[k].device, At("alarmHosts", k, "device"), "alarm host");
+        Unique(c, hosts, site.alarmHosts[k].device, At("alarmHosts", k, "device"), "alarm host");
         std::set<std::string> zones;
         for (std::size_t z = 0; z < site.alarmHosts[k].zones.size(); ++z) {
-            Unique(zones, site.alarmHosts[k].zones[z].id,
+            Unique(c, zones, site.alarmHosts[k].zones[z].id,
                    At("alarmHosts", k, "zones") + "/" + std::to_string(z) + "/id", "zone id");
         }
     }
-    DevicesResolve(site, site.burners, "burners");
-    DevicesResolve(site, site.gps, "gps");
-    CamerasResolve(site, site.bays, "bays");
-    CamerasResolve(site, site.peopleCounts, "peopleCounts");
+    DevicesResolve(c, site, site.burners, "burners");
+    DevicesResolve(c, site, site.gps, "gps");
+    CamerasResolve(c, site, site.bays, "bays");
+    CamerasResolve(c, site, site.peopleCounts, "peopleCounts");
     std::set<uint32_t> schemes;
     for (std::size_t k = 0; k < site.alarmSchemes.size(); ++k) {
-        Unique(schemes, site.alarmSchemes[k].id, At("alarmSchemes", k, "id"), "scheme id");
+        Unique(c, schemes, site.alarmSchemes[k].id, At("alarmSchemes", k, "id"), "scheme id");
     }
     std::set<std::string> sources;
     for (std::size_t k = 0; k < site.alarmSources.size(); ++k) {
         const std::string& id = site.alarmSources[k].id;
-        Unique(sources, id, At("alarmSources", k, "id"), "alarm source");
-        Resolves(site.channel(id) != nullptr || site.alarmInput(id) != nullptr,
+        Unique(c, sources, id, At("alarmSources", k, "id"), "alarm source");
+        Resolves(c, site.channel(id) != nullptr || site.alarmInput(id) != nullptr,
                  At("alarmSources", k, "id"), id, "channel or alarm input");
     }
     for (std::size_t k = 0; k < site.alarms.size(); ++k) {
-        Resolves(sources.count(site.alarms[k].source) != 0, At("alarms", k, "source"),
+        Resolves(c, sources.count(site.alarms[k].source) != 0, At("alarms", k, "source"),
                  site.alarms[k].source, "alarm source");
     }
 }
@@ -297,16 +305,15 @@ void CheckEquipment(const Site& site, std::set<std::string>& nodes) {
 }  // namespace
 
 bool ValidateSite(const Site& site, std::string* where, std::string* problem) {
-    try {
-        std::set<std::string> nodes;  // devices, channels, alarm inputs and doors share one space
-        CheckCatalogue(site, nodes);
-        CheckEquipment(site, nodes);
-        return true;
-    } catch (const Invalid& e) {
-        *where = e.where;
-        *problem = e.problem;
-        return false;
+    Invalid c;
+    std::set<std::string> nodes;  // devices, channels, alarm inputs and doors share one space
+    CheckCatalogue(c, site, nodes);
+    CheckEquipment(c, site, nodes);
+    if (c.found) {
+        *where = c.where;
+        *problem = c.problem;
     }
+    return !c.found;
 }
 
 }  // namespace orvexsim::platform

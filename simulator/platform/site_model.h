@@ -279,7 +279,9 @@ struct Site {
 //
 // One mutex guards the site and every instance's state. Functions below that take a callable run
 // it with the mutex held: keep it short, and call nothing of this header from inside it (the
-// mutex is not recursive). Never call a library callback with it held: post an event instead.
+// mutex is not recursive), except PostEvent, IntArg/TextArg, RunJob and CancelJob, which use locks
+// of their own. Never call a library callback with it held: post an event instead. Events and
+// jobs run without any lock held and may call everything here.
 
 // The site's state after its first use: the scenario named by ORVEX_SIM_SCENARIO, or the
 // built-in site. False, with the loader's message in `error`, when the scenario is malformed.

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <fstream>
 #include <sstream>
-#include <stdexcept>
 #include <utility>
 
 #include "scenario_json.h"
@@ -20,8 +19,8 @@ template <typename T>
 using Reader = T (*)(Obj&);
 
 template <typename T, Reader<T> Read>
-T Parse(const json& j, const std::string& where) {
-    Obj o(j, where);
+T Parse(const json& j, const std::string& where, Problem& problem) {
+    Obj o(j, where, problem);
     T t = Read(o);
     o.done();
     return t;
@@ -33,7 +32,7 @@ PtzPosition ReadPtz(Obj& o) {
     p.tilt = o.integer<int32_t>("tilt", 0);
     p.zoom = o.integer<int32_t>("zoom", 1);
     if (p.pan < 0 || p.pan >= 360 || p.tilt < -90 || p.tilt > 90 || p.zoom < 1) {
-        throw ScenarioError{o.Where(), "pan must be in [0, 360), tilt in [-90, 90], zoom >= 1"};
+        o.fail(o.Where(), "pan must be in [0, 360), tilt in [-90, 90], zoom >= 1");
     }
     return p;
 }
@@ -49,7 +48,7 @@ RecordingSpan ReadRecording(Obj& o) {
     r.type = o.integer<int32_t>("type", 1);
     r.fileName = o.text("file", kName, "");
     if (r.end < r.begin) {
-        throw ScenarioError{o.At("end"), "ends before it begins"};
+        o.fail(o.At("end"), "ends before it begins");
     }
     return r;
 }
@@ -318,6 +317,31 @@ Site ReadSite(Obj& o) {
     return s;
 }
 
+// Checks the syntax only, and keeps the first error instead of throwing it.
+struct SyntaxCheck : nlohmann::json_sax<json> {
+    std::size_t byte = 0;
+    std::string message;
+
+    bool null() override { return true; }
+    bool boolean(bool) override { return true; }
+    bool number_integer(number_integer_t) override { return true; }
+    bool number_unsigned(number_unsigned_t) override { return true; }
+    bool number_float(number_float_t, const string_t&) override { return true; }
+    bool string(string_t&) override { return true; }
+    bool binary(binary_t&) override { return true; }
+    bool start_object(std::size_t) override { return true; }
+    bool key(string_t&) override { return true; }
+    bool end_object() override { return true; }
+    bool start_array(std::size_t) override { return true; }
+    bool end_array() override { return true; }
+    bool parse_error(std::size_t position, const std::string&,
+                     const nlohmann::detail::exception& e) override {
+        byte = position;
+        message = e.what();
+        return false;
+    }
+};
+
 // Line and column (from 1) of a byte offset, for syntax errors.
 std::string LineColumn(const std::string& text, std::size_t byte) {
     std::size_t line = 1, column = 1;
@@ -340,37 +364,31 @@ std::string Message(const std::string& file, const std::string& where, const std
 
 bool ParseScenario(const std::string& text, const std::string& file, Site* site,
                    std::string* error) {
-    json root;
-    try {
-        root = json::parse(text);
-    } catch (const json::parse_error& e) {
-        // nlohmann's own text starts with "[json.exception.parse_error.101] parse error at ...";
-        // keep only what follows the last ": " (the problem itself).
-        std::string what = e.what();
-        const std::size_t colon = what.rfind(": ");
+    SyntaxCheck syntax;
+    if (!json::sax_parse(text, &syntax)) {
+        // nlohmann's text starts "[json.exception.parse_error.101] parse error at line ...";
+        // keep only what follows its last ": " (the problem itself), and say where ourselves.
+        const std::size_t colon = syntax.message.rfind(": ");
         *error = Message(
-            file, LineColumn(text, e.byte == 0 ? 0 : e.byte - 1),
-            "malformed JSON: " + (colon == std::string::npos ? what : what.substr(colon + 2)));
+            file, LineColumn(text, syntax.byte == 0 ? 0 : syntax.byte - 1),
+            "malformed JSON: " +
+                (colon == std::string::npos ? syntax.message : syntax.message.substr(colon + 2)));
         return false;
     }
-    try {
-        Obj o(root, "");
-        Site parsed = ReadSite(o);
-        o.done();
-        std::string where, problem;
-        if (!ValidateSite(parsed, &where, &problem)) {
-            *error = Message(file, where, problem);
-            return false;
-        }
-        *site = std::move(parsed);
-        return true;
-    } catch (const ScenarioError& e) {
-        *error = Message(file, e.where, e.problem);
-        return false;
-    } catch (const std::exception& e) {
-        *error = Message(file, "/", e.what());
+    const json root = json::parse(text, nullptr, false);
+    Problem problem;
+    Obj o(root, "", problem);
+    Site parsed = ReadSite(o);
+    o.done();
+    if (!problem.found) {
+        problem.found = !ValidateSite(parsed, &problem.where, &problem.what);
+    }
+    if (problem.found) {
+        *error = Message(file, problem.where, problem.what);
         return false;
     }
+    *site = std::move(parsed);
+    return true;
 }
 
 bool LoadScenarioFile(const std::string& path, Site* site, std::string* error) {
