@@ -1,5 +1,7 @@
 // Login and user account, organisation tree, devices, channels and logical organisation.
 #include "ORVEX_Core.h"
+#include "platform/catalogue.h"
+#include "platform/session.h"
 #include "sim_core.h"
 #include "sim_exports.h"
 
@@ -8,43 +10,46 @@ using orvexsim::CallRecord;
 using orvexsim::CommandCall;
 using orvexsim::FillCall;
 using orvexsim::OutRecords;
+namespace site = orvexsim::platform;
 
 namespace {
 
 // Callers of ORVEX_GetLogicID hand over a buffer of this many bytes; the size is not passed.
-constexpr std::size_t kCodeIdSize = 128;
+constexpr std::size_t kCodeIdSize = site::kLogicIdSize;
 
 }  // namespace
 
 extern "C" {
 
 int32_t ORVEX_Login(int32_t nHandle, Login_Info_t* pInfo, int32_t nTimeout) {
-    return CommandCall("ORVEX_Login", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_Login", nHandle, pInfo, nTimeout,
+                       [&] { return site::Login(nHandle, pInfo); });
 }
 
 int32_t ORVEX_Logout(int32_t nHandle, int32_t nTimeout) {
     return CallRecord("ORVEX_Logout")
         .scalar("nHandle", nHandle)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::Logout(nHandle); });
 }
 
 int32_t ORVEX_GetUserID(int32_t nHandle, uint32_t* pnUserId) {
     return CallRecord("ORVEX_GetUserID")
         .scalar("nHandle", nHandle)
         .out("pnUserId", pnUserId)
-        .finish();
+        .finish([&] { return site::GetUserId(nHandle, pnUserId); });
 }
 
 int32_t ORVEX_GetUserLevel(int32_t nHandle, uint32_t* pnUserLevel) {
     return CallRecord("ORVEX_GetUserLevel")
         .scalar("nHandle", nHandle)
         .out("pnUserLevel", pnUserLevel)
-        .finish();
+        .finish([&] { return site::GetUserLevel(nHandle, pnUserLevel); });
 }
 
 int32_t ORVEX_GetUserInfo(int32_t nHandle, ORVEX_UserInfo_t* pInfo, int32_t nTimeout) {
-    return FillCall("ORVEX_GetUserInfo", nHandle, pInfo, nTimeout);
+    return FillCall("ORVEX_GetUserInfo", nHandle, pInfo, nTimeout,
+                    [&] { return site::GetUserInfo(nHandle, pInfo); });
 }
 
 int32_t ORVEX_ChangeUserPassword(int32_t nHandle, const char* szOldPsw, const char* szNewPsw,
@@ -54,11 +59,12 @@ int32_t ORVEX_ChangeUserPassword(int32_t nHandle, const char* szOldPsw, const ch
         .text("szOldPsw", szOldPsw)
         .text("szNewPsw", szNewPsw)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::ChangeUserPassword(nHandle, szOldPsw, szNewPsw); });
 }
 
 int32_t ORVEX_GetMapAddrInfo(int32_t nHandle, Config_Emap_Addr_Info_t* pInfo, int32_t nTimeout) {
-    return FillCall("ORVEX_GetMapAddrInfo", nHandle, pInfo, nTimeout);
+    return FillCall("ORVEX_GetMapAddrInfo", nHandle, pInfo, nTimeout,
+                    [&] { return site::GetMapAddrInfo(nHandle, pInfo); });
 }
 
 int32_t ORVEX_GetUserOrgInfoLen(int32_t nHandle, int32_t* pnLen, int32_t nTimeout) {
@@ -66,7 +72,7 @@ int32_t ORVEX_GetUserOrgInfoLen(int32_t nHandle, int32_t* pnLen, int32_t nTimeou
         .scalar("nHandle", nHandle)
         .out("pnLen", pnLen)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::GetUserOrgInfoLen(nHandle, pnLen); });
 }
 
 int32_t ORVEX_GetUserOrgInfo(int32_t nHandle, char* szBuffer, int32_t nLen, int32_t nTimeout) {
@@ -75,7 +81,7 @@ int32_t ORVEX_GetUserOrgInfo(int32_t nHandle, char* szBuffer, int32_t nLen, int3
         .out("szBuffer", szBuffer, ArrayBytes<char>(nLen))
         .scalar("nLen", nLen)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::GetUserOrgInfo(nHandle, szBuffer, nLen); });
 }
 
 int32_t ORVEX_LoadDGroupInfo(int32_t nHandle, int32_t* pnGroupLen, int32_t nTimeout) {
@@ -83,7 +89,7 @@ int32_t ORVEX_LoadDGroupInfo(int32_t nHandle, int32_t* pnGroupLen, int32_t nTime
         .scalar("nHandle", nHandle)
         .out("pnGroupLen", pnGroupLen)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::LoadTree(nHandle, pnGroupLen); });
 }
 
 int32_t ORVEX_LoadOrgInfoByType(int32_t nHandle, int32_t nType, int32_t* pnOrgCount,
@@ -93,7 +99,7 @@ int32_t ORVEX_LoadOrgInfoByType(int32_t nHandle, int32_t nType, int32_t* pnOrgCo
         .scalar("nType", nType)
         .out("pnOrgCount", pnOrgCount)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::LoadOrgByType(nHandle, nType, pnOrgCount); });
 }
 
 int32_t ORVEX_LoadDGroupInfoLayered(int32_t nHandle, Load_Dep_Info_t* pInfo, int32_t* pnGroupLen,
@@ -103,7 +109,7 @@ int32_t ORVEX_LoadDGroupInfoLayered(int32_t nHandle, Load_Dep_Info_t* pInfo, int
         .record("pInfo", pInfo)
         .out("pnGroupLen", pnGroupLen)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::LoadTreeLayered(nHandle, pInfo, pnGroupLen); });
 }
 
 int32_t ORVEX_GetDGroupStr(int32_t nHandle, char* szGroupBuf, int32_t nGroupLen, int32_t nTimeout) {
@@ -112,21 +118,21 @@ int32_t ORVEX_GetDGroupStr(int32_t nHandle, char* szGroupBuf, int32_t nGroupLen,
         .out("szGroupBuf", szGroupBuf, ArrayBytes<char>(nGroupLen))
         .scalar("nGroupLen", nGroupLen)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::GetTreeText(nHandle, szGroupBuf, nGroupLen); });
 }
 
 int32_t ORVEX_GetDGroupRootInfo(int32_t nHandle, Dep_Info_t* pInfo) {
     return CallRecord("ORVEX_GetDGroupRootInfo")
         .scalar("nHandle", nHandle)
         .out("pInfo", pInfo)
-        .finish();
+        .finish([&] { return site::GetRootGroup(nHandle, pInfo); });
 }
 
 int32_t ORVEX_GetDGroupCount(int32_t nHandle, Get_Dep_Count_Info_t* pInfo) {
     return CallRecord("ORVEX_GetDGroupCount")
         .scalar("nHandle", nHandle)
         .out("pInfo", pInfo)
-        .finish();
+        .finish([&] { return site::GetGroupCount(nHandle, pInfo); });
 }
 
 int32_t ORVEX_GetDGroupInfo(int32_t nHandle, Get_Dep_Info_t* pInfo) {
@@ -136,7 +142,7 @@ int32_t ORVEX_GetDGroupInfo(int32_t nHandle, Get_Dep_Info_t* pInfo) {
                &Get_Dep_Info_t::nDepCount);
     OutRecords(call, "pInfo.pDeviceInfo", pInfo, &Get_Dep_Info_t::pDeviceInfo,
                &Get_Dep_Info_t::nDeviceCount);
-    return call.finish();
+    return call.finish([&] { return site::GetGroup(nHandle, pInfo); });
 }
 
 int32_t ORVEX_GetDeviceInfoExById(int32_t nHandle, const char* szDeviceId,
@@ -145,7 +151,7 @@ int32_t ORVEX_GetDeviceInfoExById(int32_t nHandle, const char* szDeviceId,
         .scalar("nHandle", nHandle)
         .text("szDeviceId", szDeviceId)
         .out("pInfo", pInfo)
-        .finish();
+        .finish([&] { return site::GetDevice(nHandle, szDeviceId, pInfo); });
 }
 
 int32_t ORVEX_GetChannelInfo(int32_t nHandle, Get_Channel_Info_t* pInfo) {
@@ -153,7 +159,7 @@ int32_t ORVEX_GetChannelInfo(int32_t nHandle, Get_Channel_Info_t* pInfo) {
     call.scalar("nHandle", nHandle).out("pInfo", pInfo);
     OutRecords(call, "pInfo.pEncChannelnfo", pInfo, &Get_Channel_Info_t::pEncChannelnfo,
                &Get_Channel_Info_t::nEncChannelChildCount);
-    return call.finish();
+    return call.finish([&] { return site::GetChannels(nHandle, pInfo); });
 }
 
 int32_t ORVEX_GetChannelInfoEx(int32_t nHandle, Get_Channel_Info_Ex_t* pInfo) {
@@ -161,7 +167,7 @@ int32_t ORVEX_GetChannelInfoEx(int32_t nHandle, Get_Channel_Info_Ex_t* pInfo) {
     call.scalar("nHandle", nHandle).out("pInfo", pInfo);
     OutRecords(call, "pInfo.pEncChannelnfo", pInfo, &Get_Channel_Info_Ex_t::pEncChannelnfo,
                &Get_Channel_Info_Ex_t::nEncChannelChildCount);
-    return call.finish();
+    return call.finish([&] { return site::GetChannelsEx(nHandle, pInfo); });
 }
 
 int32_t ORVEX_GetEncChannelCount(int32_t nHandle, const char* szDeviceId, int32_t* pnCount) {
@@ -169,7 +175,7 @@ int32_t ORVEX_GetEncChannelCount(int32_t nHandle, const char* szDeviceId, int32_
         .scalar("nHandle", nHandle)
         .text("szDeviceId", szDeviceId)
         .out("pnCount", pnCount)
-        .finish();
+        .finish([&] { return site::GetEncChannelCount(nHandle, szDeviceId, pnCount); });
 }
 
 int32_t ORVEX_GetChannelInfoById(int32_t nHandle, const char* szCameraId,
@@ -178,7 +184,7 @@ int32_t ORVEX_GetChannelInfoById(int32_t nHandle, const char* szCameraId,
         .scalar("nHandle", nHandle)
         .text("szCameraId", szCameraId)
         .out("pInfo", pInfo)
-        .finish();
+        .finish([&] { return site::GetChannelById(nHandle, szCameraId, pInfo); });
 }
 
 int32_t ORVEX_GetChnlType(int32_t nHandle, const char* szCameraId, int32_t* pnType) {
@@ -186,25 +192,27 @@ int32_t ORVEX_GetChnlType(int32_t nHandle, const char* szCameraId, int32_t* pnTy
         .scalar("nHandle", nHandle)
         .text("szCameraId", szCameraId)
         .out("pnType", pnType)
-        .finish();
+        .finish([&] { return site::GetChannelType(nHandle, szCameraId, pnType); });
 }
 
 int32_t ORVEX_GetDevStreamType(int32_t nHandle, Get_Dev_StreamType_Info_t* pInfo) {
     return CallRecord("ORVEX_GetDevStreamType")
         .scalar("nHandle", nHandle)
         .out("pInfo", pInfo)
-        .finish();
+        .finish([&] { return site::GetDevStreamType(nHandle, pInfo); });
 }
 
 bool ORVEX_HasLogicOrg(int32_t nHandle) {
-    return CallRecord("ORVEX_HasLogicOrg").scalar("nHandle", nHandle).finish() != 0;
+    return CallRecord("ORVEX_HasLogicOrg").scalar("nHandle", nHandle).finish([&] {
+        return site::HasLogicOrg(nHandle) ? 1 : 0;
+    }) != 0;
 }
 
 int32_t ORVEX_GetLogicRootDepInfo(int32_t nHandle, Dep_Info_Ex_t* pInfo) {
     return CallRecord("ORVEX_GetLogicRootDepInfo")
         .scalar("nHandle", nHandle)
         .out("pInfo", pInfo)
-        .finish();
+        .finish([&] { return site::GetLogicRoot(nHandle, pInfo); });
 }
 
 int32_t ORVEX_GetLogicDepNodeNum(int32_t nHandle, const char* szDepCoding,
@@ -214,7 +222,7 @@ int32_t ORVEX_GetLogicDepNodeNum(int32_t nHandle, const char* szDepCoding,
         .text("szDepCoding", szDepCoding)
         .scalar("eNodeType", eNodeType)
         .out("pnNum", pnNum)
-        .finish();
+        .finish([&] { return site::GetLogicNodeCount(nHandle, szDepCoding, eNodeType, pnNum); });
 }
 
 int32_t ORVEX_GetLogicSubDepInfoByIndex(int32_t nHandle, const char* szDepCoding, int32_t nIndex,
@@ -224,7 +232,7 @@ int32_t ORVEX_GetLogicSubDepInfoByIndex(int32_t nHandle, const char* szDepCoding
         .text("szDepCoding", szDepCoding)
         .scalar("nIndex", nIndex)
         .out("pInfo", pInfo)
-        .finish();
+        .finish([&] { return site::GetLogicSubDep(nHandle, szDepCoding, nIndex, pInfo); });
 }
 
 int32_t ORVEX_GetLogicID(int32_t nHandle, const char* szDepCoding, int32_t nIndex, bool bChannel,
@@ -235,7 +243,7 @@ int32_t ORVEX_GetLogicID(int32_t nHandle, const char* szDepCoding, int32_t nInde
         .scalar("nIndex", nIndex)
         .scalar("bChannel", bChannel)
         .out("szCodeID", szCodeID, kCodeIdSize)
-        .finish();
+        .finish([&] { return site::GetLogicId(nHandle, szDepCoding, nIndex, bChannel, szCodeID); });
 }
 
 }  // extern "C"

@@ -1,5 +1,6 @@
 // Device lists and status, alarm hosts, video wall, evidence burner and disks.
 #include "ORVEX_Core.h"
+#include "platform/status_hosts.h"
 #include "sim_core.h"
 #include "sim_exports.h"
 
@@ -8,6 +9,7 @@ using orvexsim::CallRecord;
 using orvexsim::CommandCall;
 using orvexsim::FillCall;
 using orvexsim::OutRecords;
+namespace site = orvexsim::platform;
 
 extern "C" {
 
@@ -16,7 +18,7 @@ int32_t ORVEX_GetDeviceListLen(int32_t nHandle, int32_t* pnLen, int32_t nTimeout
         .scalar("nHandle", nHandle)
         .out("pnLen", pnLen)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::GetDeviceListLen(nHandle, pnLen); });
 }
 
 int32_t ORVEX_GetDeviceListStr(int32_t nHandle, char* szDevList, int32_t nLen, int32_t nTimeout) {
@@ -25,14 +27,14 @@ int32_t ORVEX_GetDeviceListStr(int32_t nHandle, char* szDevList, int32_t nLen, i
         .out("szDevList", szDevList, ArrayBytes<char>(nLen))
         .scalar("nLen", nLen)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] { return site::GetDeviceListStr(nHandle, szDevList, nLen); });
 }
 
 int32_t ORVEX_GetDevicesInfoLen(int32_t nHandle, int32_t* pnLen) {
     return CallRecord("ORVEX_GetDevicesInfoLen")
         .scalar("nHandle", nHandle)
         .out("pnLen", pnLen)
-        .finish();
+        .finish([&] { return site::GetDevicesInfoLen(nHandle, pnLen); });
 }
 
 int32_t ORVEX_GetDevicesInfoStr(int32_t nHandle, char* szDevicesInfo, int32_t nLen) {
@@ -40,7 +42,7 @@ int32_t ORVEX_GetDevicesInfoStr(int32_t nHandle, char* szDevicesInfo, int32_t nL
         .scalar("nHandle", nHandle)
         .out("szDevicesInfo", szDevicesInfo, ArrayBytes<char>(nLen))
         .scalar("nLen", nLen)
-        .finish();
+        .finish([&] { return site::GetDevicesInfoStr(nHandle, szDevicesInfo, nLen); });
 }
 
 int32_t ORVEX_GetChannelStatus(int32_t nHandle, const char* szCameraId,
@@ -49,7 +51,7 @@ int32_t ORVEX_GetChannelStatus(int32_t nHandle, const char* szCameraId,
         .scalar("nHandle", nHandle)
         .text("szCameraId", szCameraId)
         .out("pStatus", pStatus)
-        .finish();
+        .finish([&] { return site::GetChannelStatus(nHandle, szCameraId, pStatus); });
 }
 
 int32_t ORVEX_GetDeviceTypeByDevId(int32_t nHandle, const char* szDeviceId,
@@ -58,7 +60,7 @@ int32_t ORVEX_GetDeviceTypeByDevId(int32_t nHandle, const char* szDeviceId,
         .scalar("nHandle", nHandle)
         .text("szDeviceId", szDeviceId)
         .out("pDevType", pDevType)
-        .finish();
+        .finish([&] { return site::GetDeviceType(nHandle, szDeviceId, pDevType); });
 }
 
 int32_t ORVEX_ControlVideoAlarmHost(int32_t nHandle, const char* szDeviceId, int32_t nChannelId,

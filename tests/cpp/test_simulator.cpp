@@ -22,7 +22,11 @@ namespace control = orvexsim::control;
 
 class StandIn : public ::testing::Test {
   protected:
-    void SetUp() override { control::reset(); }
+    // These tests see exactly what they script, as tests of the recording machinery must.
+    void SetUp() override {
+        orvexsim::setMode(orvexsim::Mode::ScriptedOnly);
+        control::reset();
+    }
     void TearDown() override { control::reset(); }
 };
 
