@@ -22,7 +22,7 @@ import org.junit.jupiter.api.io.TempDir;
 class OrvexToolTest {
     /** The user the simulated site lets in; the tool's defaults name it too. */
     static final String USER = System.getProperty("orvex.site.user", "admin");
-    static final String PASSWORD = System.getProperty("orvex.site.password", "admin");
+    static final String PASSWORD = System.getProperty("orvex.site.password", "admin123");
 
     record Result(int status, String out, String err) {}
 

@@ -24,8 +24,10 @@ final class Connection {
             description = "User name (default: ${DEFAULT-VALUE}).")
     String user;
 
-    @Option(names = {"-p", "--password"}, defaultValue = "${env:ORVEX_PASSWORD:-admin}",
-            description = "Password (default: $$ORVEX_PASSWORD, else admin).", arity = "0..1",
+    @Option(names = {"-p", "--password"}, defaultValue = "${env:ORVEX_PASSWORD:-admin123}",
+            description = "Password (default: $$ORVEX_PASSWORD, else admin123, the simulated "
+                    + "site's).",
+            arity = "0..1",
             interactive = true)
     String password;
 
