@@ -1,5 +1,6 @@
 // Device lists and status, alarm hosts, video wall, evidence burner and disks.
 #include "ORVEX_Core.h"
+#include "platform/status_hosts.h"
 #include "sim_core.h"
 #include "sim_exports.h"
 
@@ -8,6 +9,7 @@ using orvexsim::CallRecord;
 using orvexsim::CommandCall;
 using orvexsim::FillCall;
 using orvexsim::OutRecords;
+namespace platform = orvexsim::platform;
 
 extern "C" {
 
@@ -69,7 +71,9 @@ int32_t ORVEX_ControlVideoAlarmHost(int32_t nHandle, const char* szDeviceId, int
         .scalar("nChannelId", nChannelId)
         .scalar("nControlType", nControlType)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] {
+            return platform::ControlVideoAlarmHost(nHandle, szDeviceId, nChannelId, nControlType);
+        });
 }
 
 int32_t ORVEX_ControlNetAlarmHostCmd(int32_t nHandle, const char* szId, int32_t nOptType,
@@ -83,7 +87,10 @@ int32_t ORVEX_ControlNetAlarmHostCmd(int32_t nHandle, const char* szId, int32_t 
         .scalar("nStartTime", nStartTime)
         .scalar("nEndTime", nEndTime)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] {
+            return platform::ControlNetAlarmHostCmd(nHandle, szId, nOptType, nControlType,
+                                                    nStartTime, nEndTime);
+        });
 }
 
 int32_t ORVEX_GetAlarmInChannelInfo(int32_t nHandle, Get_AlarmInChannel_Info_t* pInfo) {
@@ -92,7 +99,7 @@ int32_t ORVEX_GetAlarmInChannelInfo(int32_t nHandle, Get_AlarmInChannel_Info_t* 
     OutRecords(call, "pInfo.pAlarmInChannelnfo", pInfo,
                &Get_AlarmInChannel_Info_t::pAlarmInChannelnfo,
                &Get_AlarmInChannel_Info_t::nAlarmInChannelCount);
-    return call.finish();
+    return call.finish([&] { return platform::GetAlarmInChannelInfo(nHandle, pInfo); });
 }
 
 int32_t ORVEX_QueryNetAlarmHostChannelCount(int32_t nHandle, const char* szDeviceId,
@@ -102,7 +109,8 @@ int32_t ORVEX_QueryNetAlarmHostChannelCount(int32_t nHandle, const char* szDevic
         .text("szDeviceId", szDeviceId)
         .out("pnCount", pnCount)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish(
+            [&] { return platform::QueryNetAlarmHostChannelCount(nHandle, szDeviceId, pnCount); });
 }
 
 int32_t ORVEX_QueryNetAlarmHostStatus(int32_t nHandle, const char* szDeviceId,
@@ -114,7 +122,9 @@ int32_t ORVEX_QueryNetAlarmHostStatus(int32_t nHandle, const char* szDeviceId,
         .scalar("nChannelCount", nChannelCount)
         .out("pInfo", pInfo, ArrayBytes<orvex_AHostDefenceStatus_t>(nChannelCount))
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] {
+            return platform::QueryNetAlarmHostStatus(nHandle, szDeviceId, nChannelCount, pInfo);
+        });
 }
 
 int32_t ORVEX_GetNetAlarmHostStatus(int32_t nHandle, int32_t nChannelCount,
@@ -123,7 +133,7 @@ int32_t ORVEX_GetNetAlarmHostStatus(int32_t nHandle, int32_t nChannelCount,
         .scalar("nHandle", nHandle)
         .scalar("nChannelCount", nChannelCount)
         .out("pInfo", pInfo, ArrayBytes<orvex_AHostDefenceStatus_t>(nChannelCount))
-        .finish();
+        .finish([&] { return platform::GetNetAlarmHostStatus(nHandle, nChannelCount, pInfo); });
 }
 
 int32_t ORVEX_GetTvWallListCount(int32_t nHandle, uint32_t* pnCount, int32_t nTimeout) {

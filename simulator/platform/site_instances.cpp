@@ -352,3 +352,49 @@ void CancelJob(int32_t handle, uint64_t id) {
 }
 
 }  // namespace orvexsim::platform
+
+// ----- Added with the PTZ and alarm subsystems
+
+namespace orvexsim::platform {
+namespace {
+
+std::vector<SessionStartedHook>& SessionHooks() {
+    static auto* hooks = new std::vector<SessionStartedHook>;
+    return *hooks;
+}
+
+}  // namespace
+
+void OnSessionStarted(SessionStartedHook hook) {
+    std::lock_guard<std::mutex> lock(PlatformMutex());
+    SessionHooks().push_back(std::move(hook));
+}
+
+void NotifySessionStarted(int32_t handle) {
+    std::vector<SessionStartedHook> hooks;
+    {
+        std::lock_guard<std::mutex> lock(PlatformMutex());
+        hooks = SessionHooks();
+    }
+    for (const SessionStartedHook& hook : hooks) {
+        hook(handle);
+    }
+}
+
+bool MayOperate(const Instance& in, const Site& site) {
+    const User* u = site.user(in.userName);
+    return u != nullptr && u->operFlag;
+}
+
+std::vector<int32_t> LoggedInHandles() {
+    std::vector<int32_t> out;
+    std::lock_guard<std::mutex> lock(PlatformMutex());
+    for (const auto& [handle, instance] : State().instances) {
+        if (instance.loggedIn) {
+            out.push_back(handle);
+        }
+    }
+    return out;
+}
+
+}  // namespace orvexsim::platform

@@ -10,8 +10,10 @@
 // Times (recordings, alarms, GPS fixes) are seconds since the Unix epoch.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -44,6 +46,10 @@ struct Department {
 struct Preset {
     uint32_t code = 0;
     std::string name;  // 31 bytes at most
+    // Added with PTZ: the position the preset recalls (as PtzPosition).
+    int32_t pan = 0;
+    int32_t tilt = 0;
+    int32_t zoom = 1;
 };
 
 struct PtzPosition {
@@ -337,6 +343,48 @@ enum class JobScope { Session, Instance };
 uint64_t RunJob(int32_t handle, JobScope scope, std::chrono::milliseconds first,
                 std::chrono::milliseconds period, std::function<void()> job);
 void CancelJob(int32_t handle, uint64_t id);
+
+// ----- Added with the PTZ and alarm subsystems: event arguments, session start, instances
+
+// Arguments for PostEvent: an integer of any C integer type, a text passed as a C string.
+inline Value IntArg(int64_t i) {
+    Value v;
+    v.i = i;
+    return v;
+}
+inline Value TextArg(const std::string& s) {
+    Value v;
+    v.isBytes = true;
+    v.b.assign(s.begin(), s.end());
+    return v;
+}
+
+// A text member of a library record: up to its first NUL, never beyond the member.
+template <std::size_t N>
+std::string FixedText(const char (&member)[N]) {
+    return std::string(member, strnlen(member, N));
+}
+// Writes `text` into a text member of a record, cut to fit with its terminator.
+template <std::size_t N>
+void CopyText(char (&member)[N], const std::string& text) {
+    const std::size_t n = std::min(text.size(), N - 1);
+    std::memcpy(member, text.data(), n);
+    member[n] = '\0';
+}
+
+// Subsystems that start something per session (scheduled alarms) subscribe once; the login
+// notifies after the instance is logged in, without the platform mutex held.
+using SessionStartedHook = std::function<void(int32_t handle)>;
+void OnSessionStarted(SessionStartedHook hook);
+void NotifySessionStarted(int32_t handle);
+
+// Whether the instance's user may operate devices (move cameras, command alarm hosts, change
+// alarm configuration). Call with the platform mutex held.
+bool MayOperate(const Instance& in, const Site& site);
+
+// Handles of the instances logged in now, in handle order (for events every session receives).
+// Takes the platform mutex: call it outside WithSite and WithInstance.
+std::vector<int32_t> LoggedInHandles();
 
 // ----- Implementation details of WithSite
 
