@@ -20,6 +20,7 @@
 #include "platform/alarms.h"
 #include "platform/ptz.h"
 #include "platform/site_model.h"
+#include "platform/site_scenario.h"
 #include "platform/status_hosts.h"
 
 namespace orvexsim::platform {
@@ -155,8 +156,8 @@ int32_t Extend(int32_t h, const std::string& camera, int32_t cmd, int32_t param)
     return PtzExtendCommand(h, &info);
 }
 
-int32_t Preset(int32_t h, const std::string& camera, int32_t cmd, uint32_t code,
-               const std::string& name = "") {
+int32_t PresetOp(int32_t h, const std::string& camera, int32_t cmd, uint32_t code,
+                 const std::string& name = "") {
     auto info = Request<Ptz_Prepoint_Operation_Info_t>(camera);
     info.nCmd = static_cast<orvex_ptz_prepoint_cmd_e>(cmd);
     info.pPoints.nCode = code;
@@ -288,7 +289,7 @@ TEST(PlatformPtz, RefusesUnknownHandlesLoginsCamerasUsersAndCamerasThatCannotMov
         SCOPED_TRACE(c.camera);
         EXPECT_EQ(c.rc, Direction(c.h, c.camera, ORVEX_CORE_PTZ_GO_UP, 1, false));
         EXPECT_EQ(c.rc, Sit(c.h, c.camera, 1, 1, 1));
-        EXPECT_EQ(c.rc, Preset(c.h, c.camera, ORVEX_CORE_PTZ_PRESET_ADD, 5, "x"));
+        EXPECT_EQ(c.rc, PresetOp(c.h, c.camera, ORVEX_CORE_PTZ_PRESET_ADD, 5, "x"));
     }
     EXPECT_EQ(ORVEX_CORE_ERROR_INVALID_PARAM, PtzDirection(op.h, nullptr));
     EXPECT_EQ(ORVEX_CORE_ERROR_INVALID_PARAM, Direction(op.h, kDome, 9, 1, false));
@@ -342,37 +343,59 @@ TEST(PlatformPtz, PresetsAreStoredListedRecalledAndDeleted) {
     const CameraLook start = Look(cam);
     EXPECT_EQ((std::vector<std::pair<uint32_t, std::string>>{{1, "Home"}, {2, "Entrance"}}),
               Presets(s.h, cam));
-    ASSERT_EQ(ORVEX_RET_SUCCESS, Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_LOCATION, 2));
+    ASSERT_EQ(ORVEX_RET_SUCCESS, PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_LOCATION, 2));
     ExpectAt(cam, (start.pan + 90) % 360, -20, 3);
 
     ASSERT_EQ(ORVEX_RET_SUCCESS, Sit(s.h, cam, 123, -45, 7));
-    ASSERT_EQ(ORVEX_RET_SUCCESS, Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_ADD, 9, "Dock"));
+    ASSERT_EQ(ORVEX_RET_SUCCESS, PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_ADD, 9, "Dock"));
     ASSERT_EQ(ORVEX_RET_SUCCESS, Sit(s.h, cam, 0, 0, 1));
     ASSERT_EQ(ORVEX_RET_SUCCESS,
-              Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_ADD, 5, std::string(31, 'n')));
+              PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_ADD, 5, std::string(31, 'n')));
     EXPECT_EQ((std::vector<std::pair<uint32_t, std::string>>{
                   {1, "Home"}, {2, "Entrance"}, {5, std::string(31, 'n')}, {9, "Dock"}}),
               Presets(s.h, cam));
-    ASSERT_EQ(ORVEX_RET_SUCCESS, Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_LOCATION, 9));
+    ASSERT_EQ(ORVEX_RET_SUCCESS, PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_LOCATION, 9));
     ExpectAt(cam, 123, -45, 7);
 
     // Storing under an existing code replaces name and position.
-    ASSERT_EQ(ORVEX_RET_SUCCESS, Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_ADD, 5, "Gate"));
-    ASSERT_EQ(ORVEX_RET_SUCCESS, Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_LOCATION, 5));
+    ASSERT_EQ(ORVEX_RET_SUCCESS, PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_ADD, 5, "Gate"));
+    ASSERT_EQ(ORVEX_RET_SUCCESS, PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_LOCATION, 5));
     ExpectAt(cam, 123, -45, 7);
     for (uint32_t code : {5u, 9u}) {
-        EXPECT_EQ(ORVEX_RET_SUCCESS, Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_DEL, code));
-        EXPECT_EQ(ORVEX_CORE_ERROR_NOT_FOUND, Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_DEL, code));
+        EXPECT_EQ(ORVEX_RET_SUCCESS, PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_DEL, code));
+        EXPECT_EQ(ORVEX_CORE_ERROR_NOT_FOUND, PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_DEL, code));
         EXPECT_EQ(ORVEX_CORE_ERROR_NOT_FOUND,
-                  Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_LOCATION, code));
+                  PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_LOCATION, code));
     }
     EXPECT_EQ(2u, Presets(s.h, cam).size());
-    EXPECT_EQ(ORVEX_CORE_ERROR_INVALID_PARAM, Preset(s.h, cam, ORVEX_CORE_PTZ_PRESET_ADD, 0, "z"));
-    EXPECT_EQ(ORVEX_CORE_ERROR_INVALID_PARAM, Preset(s.h, cam, 4, 1));
+    EXPECT_EQ(ORVEX_CORE_ERROR_INVALID_PARAM,
+              PresetOp(s.h, cam, ORVEX_CORE_PTZ_PRESET_ADD, 0, "z"));
+    EXPECT_EQ(ORVEX_CORE_ERROR_INVALID_PARAM, PresetOp(s.h, cam, 4, 1));
 
     Session viewer("viewer");  // may list, not change
     EXPECT_EQ(2u, Presets(viewer.h, cam).size());
-    EXPECT_EQ(ORVEX_CORE_ERROR_NO_PERMISSION, Preset(viewer.h, cam, ORVEX_CORE_PTZ_PRESET_DEL, 1));
+    EXPECT_EQ(ORVEX_CORE_ERROR_NO_PERMISSION,
+              PresetOp(viewer.h, cam, ORVEX_CORE_PTZ_PRESET_DEL, 1));
+}
+
+TEST(PlatformPtz, ScenarioPresetsCarryTheirPositions) {
+    const std::string head =
+        R"({"departments": [{"coding": "1"}], "devices": [{"id": "d", "department": "1",
+            "channels": [{"id": "c", "cameraType": 2, "presets": [)";
+    Site site;
+    std::string error;
+    ASSERT_TRUE(ParseScenario(head + R"({"code": 3, "name": "P", "pan": 45, "tilt": -10,
+                                         "zoom": 4}, {"code": 4}]}]}]})",
+                              "p.json", &site, &error))
+        << error;
+    const std::vector<Preset>& p = site.devices[0].channels[0].presets;
+    ASSERT_EQ(2u, p.size());
+    EXPECT_EQ(45, p[0].pan);
+    EXPECT_EQ(-10, p[0].tilt);
+    EXPECT_EQ(4, p[0].zoom);
+    EXPECT_EQ(1, p[1].zoom);
+    EXPECT_FALSE(ParseScenario(head + R"({"code": 3, "tilt": 91}]}]}]})", "p.json", &site, &error));
+    EXPECT_NE(std::string::npos, error.find("/presets/0")) << error;
 }
 
 TEST(PlatformPtz, AutoRoundTurnsAndScanStaysWithinItsRange) {
