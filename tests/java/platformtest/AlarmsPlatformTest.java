@@ -28,11 +28,8 @@ import java.util.List;
 import java.util.concurrent.BlockingQueue;
 import java.util.concurrent.LinkedBlockingQueue;
 import java.util.concurrent.TimeUnit;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Tag;
 import org.junit.jupiter.api.Test;
-import simctl.SimControl;
 
 /**
  * Alarms on the simulated platform, end to end through the bridge as a monitoring application
@@ -40,7 +37,7 @@ import simctl.SimControl;
  * alarm schemes, and arming and triggering alarm hosts.
  */
 @Tag("platform")
-class AlarmsPlatformTest {
+class AlarmsPlatformTest extends PlatformTestBase {
     static final int MOTION = 3;
     static final int EXTERNAL = 2;
 
@@ -88,15 +85,6 @@ class AlarmsPlatformTest {
         }
     }
 
-    @BeforeEach
-    void platform() {
-        SimControl.usePlatform(true);
-    }
-
-    @AfterEach
-    void scripted() {
-        SimControl.usePlatform(false);
-    }
 
     static Listener listen(PlatformSession s) {
         Listener l = new Listener();

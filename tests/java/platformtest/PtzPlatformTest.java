@@ -16,11 +16,8 @@ import com.zq.OrvexCore.Ptz_Single_Prepoint_Info_t;
 import com.zq.OrvexCore.Ptz_Sit_Info_t;
 import java.util.ArrayList;
 import java.util.List;
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Tag;
 import org.junit.jupiter.api.Test;
-import simctl.SimControl;
 
 /**
  * Pan-tilt-zoom on the simulated platform, end to end through the bridge as an application
@@ -28,19 +25,10 @@ import simctl.SimControl;
  * and what the platform refuses to whom.
  */
 @Tag("platform")
-class PtzPlatformTest {
+class PtzPlatformTest extends PlatformTestBase {
     static final String DOME = "nvr-south-01-cam04";
     static final String FIXED = "nvr-south-01-cam05";
 
-    @BeforeEach
-    void platform() {
-        SimControl.usePlatform(true);
-    }
-
-    @AfterEach
-    void scripted() {
-        SimControl.usePlatform(false);
-    }
 
     static int direction(int handle, String camera, int direct, boolean stop) {
         Ptz_Direct_Info_t d = new Ptz_Direct_Info_t();
