@@ -219,7 +219,7 @@ TEST(PlatformPtz, AStartedMotionKeepsGoingAndStopsAtTheLimits) {
     Session s("operator");
     ASSERT_EQ(ORVEX_RET_SUCCESS, Sit(s.h, kDome, 350, 80, 1));
     ASSERT_EQ(ORVEX_RET_SUCCESS, Direction(s.h, kDome, ORVEX_CORE_PTZ_GO_RIGHTUP, 50, false));
-    std::this_thread::sleep_for(4 * kMotionTick);
+    std::this_thread::sleep_for(8 * kMotionTick);
     ASSERT_EQ(ORVEX_RET_SUCCESS, Direction(s.h, kDome, ORVEX_CORE_PTZ_GO_RIGHTUP, 50, true));
     const CameraLook look = Look(kDome);
     EXPECT_EQ(90, look.tilt);  // held at the top
@@ -812,7 +812,7 @@ TEST_F(PlatformAlarms, TimedHostOperationsUndoThemselvesAtTheEnd) {
     EXPECT_EQ(ORVEX_CORE_ERROR_INVALID_PARAM,
               ControlNetAlarmHostCmd(s.h, zone, NetHostArm, NetHostSpan, now, now - 1));
     ASSERT_EQ(ORVEX_RET_SUCCESS,
-              ControlNetAlarmHostCmd(s.h, zone, NetHostArm, NetHostSpan, now - 1, now + 1));
+              ControlNetAlarmHostCmd(s.h, zone, NetHostArm, NetHostSpan, now - 1, now + 2));
     EXPECT_TRUE(Zones(s.h, "alarmhost-01")[3].bDefend);
     s.inbox.Take(disarmed);  // the undoing, when the span ends
     EXPECT_FALSE(Zones(s.h, "alarmhost-01")[3].bDefend);
