@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 
 #include "sim_core.h"
 
@@ -37,24 +38,27 @@ void InRecords(CallRecord& call, const char* name, const S* s, R* S::*array, N S
     }
 }
 
-// The shape of most commands: handle, a request structure the library only reads, time-out.
+// The shape of most commands: handle, a request structure the library only reads, time-out;
+// `platform` answers an unscripted call (see CallRecord::finish).
 template <typename Info>
-int32_t CommandCall(const char* fn, int32_t nHandle, const Info* pInfo, int32_t nTimeout) {
+int32_t CommandCall(const char* fn, int32_t nHandle, const Info* pInfo, int32_t nTimeout,
+                    const std::function<int32_t()>& platform = nullptr) {
     return CallRecord(fn)
         .scalar("nHandle", nHandle)
         .record("pInfo", pInfo)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish(platform);
 }
 
 // Handle, a structure the library fills (its inputs recorded as they arrive), time-out.
 template <typename Info>
-int32_t FillCall(const char* fn, int32_t nHandle, Info* pInfo, int32_t nTimeout) {
+int32_t FillCall(const char* fn, int32_t nHandle, Info* pInfo, int32_t nTimeout,
+                 const std::function<int32_t()>& platform = nullptr) {
     return CallRecord(fn)
         .scalar("nHandle", nHandle)
         .out("pInfo", pInfo)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish(platform);
 }
 
 }  // namespace orvexsim

@@ -352,3 +352,21 @@ void CancelJob(int32_t handle, uint64_t id) {
 }
 
 }  // namespace orvexsim::platform
+
+namespace orvexsim::platform {
+
+std::vector<Session> LoggedInSessions() {
+    std::vector<Session> out;
+    if (!SiteReady()) {
+        return out;
+    }
+    std::lock_guard<std::mutex> lock(PlatformMutex());
+    for (const auto& [handle, in] : State().instances) {
+        if (in.loggedIn) {
+            out.push_back({handle, in.userId, in.userName});
+        }
+    }
+    return out;
+}
+
+}  // namespace orvexsim::platform
