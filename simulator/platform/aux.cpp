@@ -151,8 +151,8 @@ int32_t ListScsMessages(const Request& r, const Site& site, json& answer) {
     for (auto it = site.scsMessages.rbegin();
          it != site.scsMessages.rend() && messages.size() < kListed; ++it) {
         if (group.empty() || it->group == group) {
-            messages.insert(messages.begin(),
-                            {{"group", it->group}, {"text", it->text}, {"from", it->fromUser}});
+            json message = {{"group", it->group}, {"text", it->text}, {"from", it->fromUser}};
+            messages.insert(messages.begin(), std::move(message));
         }
     }
     answer["messages"] = std::move(messages);
@@ -196,31 +196,41 @@ unsigned ModuleBit(int32_t module) {
     return module == ORVEX_MDL_CMS ? kCms : module == ORVEX_MDL_DMS ? kDms : kAny;
 }
 
-// Runs one command under the platform lock and returns its result and answer object.
+int32_t SessionOf(int32_t handle) {
+    return WithInstance(handle, true, [](Instance&, Site&) { return ORVEX_RET_SUCCESS; });
+}
+
+// Runs one command under the platform lock and returns its result and answer object. An unknown
+// or logged-out instance is answered too: no module heard the command.
 int32_t Answer(int32_t handle, const char* text, int32_t module, const std::string& camera,
                json* answer) {
     json body = json::parse(text, nullptr, false);
     const std::string cmd = body.is_object() ? TextMember(body, "cmd") : std::string();
     *answer = json::object();
-    int32_t rc = ORVEX_CORE_ERROR_INVALID_PARAM;
     if (!cmd.empty()) {
         (*answer)["cmd"] = cmd;
-        const Command* found = nullptr;
-        for (const Command& c : kCommands) {
-            if (cmd == c.name && (c.modules & ModuleBit(module)) != 0) {
-                found = &c;
-            }
+    }
+    const Command* found = nullptr;
+    for (const Command& c : kCommands) {
+        if (cmd == c.name && (c.modules & ModuleBit(module)) != 0) {
+            found = &c;
         }
-        rc = found == nullptr ? ORVEX_CORE_ERROR_NOT_SUPPORTED
-                              : WithInstance(handle, true, [&](Instance&, Site& site) {
-                                    return found->run({body, camera}, site, *answer);
-                                });
+    }
+    int32_t rc = SessionOf(handle);
+    if (rc == ORVEX_RET_SUCCESS) {
+        rc = cmd.empty()        ? ORVEX_CORE_ERROR_INVALID_PARAM
+             : found == nullptr ? ORVEX_CORE_ERROR_NOT_SUPPORTED
+                                : WithInstance(handle, true, [&](Instance&, Site& site) {
+                                      return found->run({body, camera}, site, *answer);
+                                  });
     }
     (*answer)["result"] = rc;
-    if (rc != ORVEX_RET_SUCCESS) {
-        (*answer)["error"] = cmd.empty() ? "not a JSON object with a \"cmd\" text"
-                             : rc == ORVEX_CORE_ERROR_NOT_SUPPORTED ? "unknown command"
-                                                                    : ORVEX_ErrorMessage(rc);
+    if (rc == ORVEX_CORE_ERROR_INVALID_PARAM && cmd.empty()) {
+        (*answer)["error"] = "not a JSON object with a \"cmd\" text";
+    } else if (rc == ORVEX_CORE_ERROR_NOT_SUPPORTED && found == nullptr) {
+        (*answer)["error"] = "unknown command";
+    } else if (rc != ORVEX_RET_SUCCESS) {
+        (*answer)["error"] = ORVEX_ErrorMessage(rc);
     }
     return rc;
 }
@@ -229,10 +239,6 @@ int32_t CommandToBuffer(int32_t handle, const char* text, int32_t module, const 
                         char* buffer, std::size_t capacity) {
     if (text == nullptr || buffer == nullptr || camera == nullptr || capacity == 0) {
         return ORVEX_CORE_ERROR_INVALID_PARAM;
-    }
-    // Not logged in, or an unknown instance: no module hears the command.
-    if (int32_t rc = WithInstance(handle, true, [](Instance&, Site&) { return 0; })) {
-        return rc;
     }
     json answer;
     int32_t rc = Answer(handle, text, module, camera, &answer);
@@ -264,7 +270,7 @@ int32_t GeneralJsonTransport(int32_t handle, const char* text, int32_t module, i
         tranType < GENERALJSON_TRAN_REQUEST || tranType >= GENERALJSON_TRAN_COUNT) {
         return ORVEX_CORE_ERROR_INVALID_PARAM;
     }
-    if (int32_t rc = WithInstance(handle, true, [](Instance&, Site&) { return 0; })) {
+    if (int32_t rc = SessionOf(handle)) {
         return rc;
     }
     if (tranType == GENERALJSON_TRAN_REQUEST) {
