@@ -22,6 +22,12 @@ struct Request {
 // Fills the answer's members and returns the command's result.
 using Handler = int32_t (*)(const Request&, const Site&, json&);
 
+// Texts clients left on the platform (messages, camera identifiers) need not be UTF-8: they are
+// answered with replacement characters rather than refused.
+std::string Dump(const json& j) {
+    return j.dump(-1, ' ', false, json::error_handler_t::replace);
+}
+
 std::string TextMember(const json& body, const char* key) {
     auto it = body.find(key);
     return it != body.end() && it->is_string() ? it->get<std::string>() : std::string();
@@ -242,11 +248,13 @@ int32_t CommandToBuffer(int32_t handle, const char* text, int32_t module, const 
     }
     json answer;
     int32_t rc = Answer(handle, text, module, camera, &answer);
-    if (WriteText(answer.dump(), buffer, capacity) != ORVEX_RET_SUCCESS) {
+    // The capacity is only the platform's bound: the caller's buffer may be smaller, so nothing
+    // is written past the answer's terminator.
+    if (WriteText(Dump(answer), buffer, capacity, Rest::Untouched) != ORVEX_RET_SUCCESS) {
         rc = ORVEX_CORE_ERROR_BUFFER_TOO_SMALL;
         const json tooLong = {
             {"cmd", answer.value("cmd", "")}, {"result", rc}, {"error", ORVEX_ErrorMessage(rc)}};
-        if (WriteText(tooLong.dump(), buffer, capacity) != ORVEX_RET_SUCCESS) {
+        if (WriteText(Dump(tooLong), buffer, capacity, Rest::Untouched) != ORVEX_RET_SUCCESS) {
             buffer[0] = '\0';
         }
     }
@@ -281,7 +289,7 @@ int32_t GeneralJsonTransport(int32_t handle, const char* text, int32_t module, i
         answer["module"] = module;
         answer["tranType"] = GENERALJSON_TRAN_RESPONSE;
         PostEvent(CbKind::GeneralJsonTransport, handle,
-                  {EventInt(handle), EventText(answer.dump())});
+                  {EventInt(handle), EventText(Dump(answer))});
     }
     return ORVEX_RET_SUCCESS;
 }

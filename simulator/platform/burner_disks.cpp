@@ -1,5 +1,8 @@
 #include "burner_disks.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "service_util.h"
 
 namespace orvexsim::platform {
@@ -153,12 +156,17 @@ int32_t GetDeviceDiskInfo(int32_t handle, int32_t sequence, Device_Disk_Info_t* 
         return ORVEX_CORE_ERROR_INVALID_PARAM;
     }
     return WithInstance(handle, true, [&](Instance& in, Site&) {
-        // Callers through the Java bridge receive the disk count where the sequence belongs, so
-        // a number this instance was never given is served its latest answer, whose count is
-        // the one such a caller sized its list by. Sequences never fall among disk counts.
+        // Callers through the Java bridge receive the disk count where the sequence belongs and
+        // size their list by it: a number this instance never handed out is served its latest
+        // answer with that many disks. Sequences never fall among disk counts.
         auto it = in.diskAnswers.find(sequence);
-        if (it == in.diskAnswers.end() && !in.diskAnswers.empty()) {
-            it = in.diskAnswers.find(kFirstDiskSequence + in.lastDiskSequence);
+        if (it == in.diskAnswers.end()) {
+            auto byCount =
+                std::find_if(in.diskAnswers.rbegin(), in.diskAnswers.rend(), [&](const auto& kept) {
+                    return kept.second.disks.size() == static_cast<std::size_t>(sequence);
+                });
+            it =
+                byCount == in.diskAnswers.rend() ? in.diskAnswers.end() : std::prev(byCount.base());
         }
         if (it == in.diskAnswers.end()) {
             return ORVEX_CORE_ERROR_SEQ_NOT_FOUND;

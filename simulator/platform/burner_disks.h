@@ -23,7 +23,8 @@ int32_t SetDevBurnerHeader(int32_t handle, const DevBurnerInfoHeader_t* header,
 int32_t GetDeviceDiskInfoCount(int32_t handle, const char* deviceId, int32_t* count,
                                int32_t* sequence);
 // Fills the disks kept under `sequence` into info->pDiskInfoList, which must hold at least the
-// count that the query returned (the library is not told its capacity).
+// count that the query returned (the library is not told its capacity). A number that is no
+// sequence of the instance is taken for a disk count: the latest answer with that many disks.
 int32_t GetDeviceDiskInfo(int32_t handle, int32_t sequence, Device_Disk_Info_t* info);
 
 }  // namespace orvexsim::platform

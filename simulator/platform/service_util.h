@@ -48,9 +48,16 @@ void CopyText(char (&member)[N], const std::string& text) {
     std::memset(member + n, 0, N - n);
 }
 
-// Writes `text` and its terminator into a buffer of `capacity` bytes, zeroing the rest of it;
+// How much of a buffer a text is written into.
+enum class Rest {
+    Cleared,   // the caller told the buffer's size: the rest of it is zeroed
+    Untouched  // the size is only a bound the platform keeps to: nothing past the terminator
+};
+
+// Writes `text` and its terminator into a buffer of `capacity` bytes;
 // ORVEX_CORE_ERROR_BUFFER_TOO_SMALL, with nothing written, when it does not fit.
-inline int32_t WriteText(const std::string& text, char* buffer, std::size_t capacity) {
+inline int32_t WriteText(const std::string& text, char* buffer, std::size_t capacity,
+                         Rest rest = Rest::Cleared) {
     if (buffer == nullptr) {
         return ORVEX_CORE_ERROR_INVALID_PARAM;
     }
@@ -58,7 +65,9 @@ inline int32_t WriteText(const std::string& text, char* buffer, std::size_t capa
         return ORVEX_CORE_ERROR_BUFFER_TOO_SMALL;
     }
     std::memcpy(buffer, text.c_str(), text.size() + 1);
-    std::memset(buffer + text.size() + 1, 0, capacity - text.size() - 1);
+    if (rest == Rest::Cleared) {
+        std::memset(buffer + text.size() + 1, 0, capacity - text.size() - 1);
+    }
     return ORVEX_RET_SUCCESS;
 }
 

@@ -522,10 +522,21 @@ TEST_F(Platform, DiskAnswersAreKeptUnderTheirSequenceAndServeBridgeCallersTheLat
     ASSERT_EQ(ORVEX_RET_SUCCESS, GetDeviceDiskInfoCount(h, "dvr-station-01", &count, &seqDvr));
     EXPECT_EQ(1, count);
     EXPECT_NE(seqSouth, seqDvr);
-    // A Java caller passes the count (1) as the sequence: it gets the latest answer, one disk.
-    ASSERT_EQ(ORVEX_RET_SUCCESS, GetDeviceDiskInfo(h, count, &info));
-    EXPECT_STREQ("dvr-station-01", info.szDevId);
-    EXPECT_EQ(1, info.nDiskInfoSize);
+    ASSERT_EQ(ORVEX_RET_SUCCESS, GetDeviceDiskInfoCount(h, "nvr-north-01", &count, &seqDvr));
+    EXPECT_EQ(2, count);
+    // Java callers pass the count as the sequence and size the list by it: each count finds the
+    // latest answer with that many disks, never a longer one.
+    struct ByCount {
+        int32_t count;
+        const char* device;
+    };
+    for (const ByCount& c :
+         {ByCount{1, "dvr-station-01"}, ByCount{2, "nvr-north-01"}, ByCount{4, "nvr-south-01"}}) {
+        ASSERT_EQ(ORVEX_RET_SUCCESS, GetDeviceDiskInfo(h, c.count, &info)) << c.count;
+        EXPECT_STREQ(c.device, info.szDevId);
+        EXPECT_EQ(c.count, info.nDiskInfoSize);
+    }
+    EXPECT_EQ(ORVEX_CORE_ERROR_SEQ_NOT_FOUND, GetDeviceDiskInfo(h, 3, &info));
     ASSERT_EQ(ORVEX_RET_SUCCESS, GetDeviceDiskInfo(h, seqSouth, &info));
     EXPECT_EQ(4, info.nDiskInfoSize);
 
@@ -618,6 +629,22 @@ TEST_F(Platform, AJsonAnswerNeverPassesTheCapacityItWasGiven) {
             }
         }
     }
+}
+
+TEST_F(Platform, TextsThatAreNotUtf8AreAnsweredAndNothingIsWrittenPastTheAnswer) {
+    const int32_t h = Instance("operator");
+    ASSERT_EQ(ORVEX_RET_SUCCESS, SendScsMsg(h, "330000", "caf\xe9"));
+    std::vector<char> answer(kJsonAnswerCapacity, 'x');
+    ASSERT_EQ(ORVEX_RET_SUCCESS,
+              SendCammandToCMSByJson(h, R"({"cmd":"listScsMessages","group":"330000"})",
+                                     answer.data(), answer.size()));
+    const std::size_t end = std::strlen(answer.data());
+    EXPECT_EQ("caf\xef\xbf\xbd", json::parse(answer.data())["messages"][0]["text"]);
+    EXPECT_EQ('x', answer[end + 1]);  // the buffer may be shorter than the platform's bound
+    EXPECT_EQ(ORVEX_CORE_ERROR_CHANNEL_NOT_FOUND,
+              SendCammandToDMSByJson(h, R"({"cmd":"getChannel"})", "\xff\xfe", answer.data(),
+                                     answer.size()));
+    EXPECT_EQ(ORVEX_CORE_ERROR_CHANNEL_NOT_FOUND, json::parse(answer.data())["result"]);
 }
 
 TEST_F(Platform, GeneralJsonRequestsAreAnsweredThroughTheCallbackNotificationsAreNot) {
