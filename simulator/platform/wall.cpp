@@ -36,25 +36,30 @@ int32_t DecoderReachable(const Site& site, const WallScreen& screen) {
                                                   : ORVEX_RET_SUCCESS;
 }
 
-// Runs `f(site, screen)` for a command on one screen of a wall: the user must be allowed to
-// operate devices, and the wall, the screen and its decoder must be there.
+// Runs `f(site, wall)` for a command on a wall: the user must be allowed to operate devices,
+// and the wall must be there.
 template <typename F>
-int32_t OnScreen(int32_t handle, uint32_t wallId, uint32_t screenId, F f) {
-    return WithInstance(handle, true, [&](Instance& in, Site& site) {
+int32_t OnWall(int32_t handle, uint32_t wallId, F f) {
+    return WithInstance(handle, true, [&](Instance& in, Site& site) -> int32_t {
         if (int32_t rc = MayOperate(site, in)) {
             return rc;
         }
         Wall* wall = FindWall(site, wallId);
-        if (wall == nullptr) {
-            return int32_t{ORVEX_CORE_ERROR_NOT_FOUND};
-        }
-        for (WallScreen& screen : wall->screens) {
+        return wall == nullptr ? ORVEX_CORE_ERROR_NOT_FOUND : f(site, *wall);
+    });
+}
+
+// As OnWall, with `f(site, screen)` for one screen of the wall, whose decoder must be reachable.
+template <typename F>
+int32_t OnScreen(int32_t handle, uint32_t wallId, uint32_t screenId, F f) {
+    return OnWall(handle, wallId, [&](Site& site, Wall& wall) -> int32_t {
+        for (WallScreen& screen : wall.screens) {
             if (screen.id == screenId) {
                 const int32_t rc = DecoderReachable(site, screen);
                 return rc != ORVEX_RET_SUCCESS ? rc : f(site, screen);
             }
         }
-        return int32_t{ORVEX_CORE_ERROR_NOT_FOUND};
+        return ORVEX_CORE_ERROR_NOT_FOUND;
     });
 }
 
@@ -266,19 +271,12 @@ int32_t ClearTvWallScreen(int32_t handle, uint32_t wallId) {
 
 // Without a decoder, every screen of the wall is cleared.
 int32_t ClearTvWallScreenByDecodeId(int32_t handle, uint32_t wallId, const char* decoderId) {
-    return WithInstance(handle, true, [&](Instance& in, Site& site) {
-        if (int32_t rc = MayOperate(site, in)) {
-            return rc;
-        }
-        Wall* wall = FindWall(site, wallId);
-        if (wall == nullptr) {
-            return int32_t{ORVEX_CORE_ERROR_NOT_FOUND};
-        }
+    return OnWall(handle, wallId, [&](Site& site, Wall& wall) -> int32_t {
         if (decoderId != nullptr && site.device(decoderId) == nullptr) {
-            return int32_t{ORVEX_CORE_ERROR_DEVICE_NOT_FOUND};
+            return ORVEX_CORE_ERROR_DEVICE_NOT_FOUND;
         }
         bool any = false;
-        for (WallScreen& screen : wall->screens) {
+        for (WallScreen& screen : wall.screens) {
             if (decoderId == nullptr || screen.decoder == decoderId) {
                 if (int32_t rc = DecoderReachable(site, screen)) {
                     return rc;
@@ -287,14 +285,14 @@ int32_t ClearTvWallScreenByDecodeId(int32_t handle, uint32_t wallId, const char*
             }
         }
         if (decoderId != nullptr && !any) {
-            return int32_t{ORVEX_CORE_ERROR_NOT_FOUND};  // the decoder drives no screen here
+            return ORVEX_CORE_ERROR_NOT_FOUND;  // the decoder drives no screen here
         }
-        for (WallScreen& screen : wall->screens) {
+        for (WallScreen& screen : wall.screens) {
             if (decoderId == nullptr || screen.decoder == decoderId) {
                 Clear(screen);
             }
         }
-        return int32_t{ORVEX_RET_SUCCESS};
+        return ORVEX_RET_SUCCESS;
     });
 }
 

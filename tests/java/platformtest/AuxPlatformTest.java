@@ -23,29 +23,16 @@ import java.util.ArrayList;
 import java.util.List;
 import java.util.concurrent.BlockingQueue;
 import java.util.concurrent.LinkedBlockingQueue;
-import org.junit.jupiter.api.AfterAll;
-import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Disabled;
 import org.junit.jupiter.api.Tag;
 import org.junit.jupiter.api.Test;
-import simctl.SimControl;
 
 /**
  * JSON commands, messages, sharing, on-screen texts, doors, link resources, NVR channel states,
  * GPS, vehicle bays and people counting of the simulated platform, through the bridge.
  */
 @Disabled("runs once ORVEX_Create and ORVEX_Login are answered by the simulated site")
-class AuxPlatformTest {
-    @BeforeAll
-    static void platform() {
-        SimControl.usePlatform(true);
-    }
-
-    @AfterAll
-    static void scriptedAgain() {
-        SimControl.usePlatform(false);
-    }
-
+class AuxPlatformTest extends OnPlatform {
     @Test
     void jsonCommandsAreAnsweredInTheCallersArray() {
         try (SiteUser viewer = SiteUser.login("viewer", "viewer123")) {

@@ -9,25 +9,12 @@ import com.zq.OrvexCore.Device_Disk_Info_t;
 import com.zq.OrvexCore.IOrvexCore;
 import com.zq.OrvexCore.Return_Value_Info_t;
 import com.zq.OrvexCore.TrialFormAttrName_t;
-import org.junit.jupiter.api.AfterAll;
-import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Disabled;
 import org.junit.jupiter.api.Test;
-import simctl.SimControl;
 
 /** The evidence burner and recorder disks of the simulated platform, through the bridge. */
 @Disabled("runs once ORVEX_Create and ORVEX_Login are answered by the simulated site")
-class BurnerDisksPlatformTest {
-    @BeforeAll
-    static void platform() {
-        SimControl.usePlatform(true);
-    }
-
-    @AfterAll
-    static void scriptedAgain() {
-        SimControl.usePlatform(false);
-    }
-
+class BurnerDisksPlatformTest extends OnPlatform {
     private static int burner(SiteUser user, int cmd) {
         Control_Dev_Burner_Request_t r = new Control_Dev_Burner_Request_t();
         r.deviceId = SiteUser.fixed("dvr-station-01", 63);

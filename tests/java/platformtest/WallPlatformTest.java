@@ -12,25 +12,12 @@ import com.zq.OrvexCore.TvWall.TvWall_Screen_Close_Source_t;
 import com.zq.OrvexCore.TvWall.TvWall_Screen_Info_t;
 import com.zq.OrvexCore.TvWall.TvWall_Screen_Open_Window_t;
 import com.zq.OrvexCore.TvWall.TvWall_Screen_Split_t;
-import org.junit.jupiter.api.AfterAll;
-import org.junit.jupiter.api.BeforeAll;
 import org.junit.jupiter.api.Disabled;
 import org.junit.jupiter.api.Test;
-import simctl.SimControl;
 
 /** Video walls of the simulated platform, used through the bridge as an application would. */
 @Disabled("runs once ORVEX_Create and ORVEX_Login are answered by the simulated site")
-class WallPlatformTest {
-    @BeforeAll
-    static void platform() {
-        SimControl.usePlatform(true);
-    }
-
-    @AfterAll
-    static void scriptedAgain() {
-        SimControl.usePlatform(false);
-    }
-
+class WallPlatformTest extends OnPlatform {
     @Test
     void listsTheWallsAndTheScreensOfAWall() {
         try (SiteUser admin = SiteUser.login("admin", "admin123")) {
