@@ -1,6 +1,8 @@
 // Device lists and status, alarm hosts, video wall, evidence burner and disks.
 #include "ORVEX_Core.h"
 #include "platform/status_hosts.h"
+#include "platform/burner_disks.h"
+#include "platform/wall.h"
 #include "sim_core.h"
 #include "sim_exports.h"
 
@@ -141,7 +143,7 @@ int32_t ORVEX_GetTvWallListCount(int32_t nHandle, uint32_t* pnCount, int32_t nTi
         .scalar("nHandle", nHandle)
         .out("pnCount", pnCount)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::GetTvWallListCount(nHandle, pnCount); });
 }
 
 int32_t ORVEX_GetTvWallList(int32_t nHandle, TvWall_List_Info_t* pInfo) {
@@ -149,7 +151,7 @@ int32_t ORVEX_GetTvWallList(int32_t nHandle, TvWall_List_Info_t* pInfo) {
     call.scalar("nHandle", nHandle).out("pInfo", pInfo);
     OutRecords(call, "pInfo.pTvWallInfo", pInfo, &TvWall_List_Info_t::pTvWallInfo,
                &TvWall_List_Info_t::nCount);
-    return call.finish();
+    return call.finish([=] { return platform::GetTvWallList(nHandle, pInfo); });
 }
 
 int32_t ORVEX_GetTvWallLayoutCount(int32_t nHandle, uint32_t nTvWallId, uint32_t* pnCount,
@@ -159,7 +161,7 @@ int32_t ORVEX_GetTvWallLayoutCount(int32_t nHandle, uint32_t nTvWallId, uint32_t
         .scalar("nTvWallId", nTvWallId)
         .out("pnCount", pnCount)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::GetTvWallLayoutCount(nHandle, nTvWallId, pnCount); });
 }
 
 int32_t ORVEX_GetTvWallLayout(int32_t nHandle, TvWall_Layout_Info_t* pInfo) {
@@ -167,28 +169,32 @@ int32_t ORVEX_GetTvWallLayout(int32_t nHandle, TvWall_Layout_Info_t* pInfo) {
     call.scalar("nHandle", nHandle).out("pInfo", pInfo);
     OutRecords(call, "pInfo.pScreenInfo", pInfo, &TvWall_Layout_Info_t::pScreenInfo,
                &TvWall_Layout_Info_t::nCount);
-    return call.finish();
+    return call.finish([=] { return platform::GetTvWallLayout(nHandle, pInfo); });
 }
 
 int32_t ORVEX_SetTvWallScreenWindowSource(int32_t nHandle, Set_TvWall_Screen_Window_Source_t* pInfo,
                                           int32_t nTimeout) {
-    return CommandCall("ORVEX_SetTvWallScreenWindowSource", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_SetTvWallScreenWindowSource", nHandle, pInfo, nTimeout,
+                       [=] { return platform::SetTvWallScreenWindowSource(nHandle, pInfo); });
 }
 
 int32_t ORVEX_CloseTvWallScreenWindowSource(int32_t nHandle, TvWall_Screen_Close_Source_t* pInfo,
                                             int32_t nTimeout) {
-    return CommandCall("ORVEX_CloseTvWallScreenWindowSource", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_CloseTvWallScreenWindowSource", nHandle, pInfo, nTimeout,
+                       [=] { return platform::CloseTvWallScreenWindowSource(nHandle, pInfo); });
 }
 
 int32_t ORVEX_SetTvWallScreenSplit(int32_t nHandle, TvWall_Screen_Split_t* pInfo,
                                    int32_t nTimeout) {
-    return CommandCall("ORVEX_SetTvWallScreenSplit", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_SetTvWallScreenSplit", nHandle, pInfo, nTimeout,
+                       [=] { return platform::SetTvWallScreenSplit(nHandle, pInfo); });
 }
 
 int32_t ORVEX_TvWallScreenOpenWindow(int32_t nHandle, TvWall_Screen_Open_Window_t* pInfo,
                                      int32_t nTimeout) {
     // The library answers with the new window's identifier and stacking order.
-    return FillCall("ORVEX_TvWallScreenOpenWindow", nHandle, pInfo, nTimeout);
+    return FillCall("ORVEX_TvWallScreenOpenWindow", nHandle, pInfo, nTimeout,
+                    [=] { return platform::TvWallScreenOpenWindow(nHandle, pInfo); });
 }
 
 int32_t ORVEX_ClearTvWallScreen(int32_t nHandle, uint32_t nTvWallId, int32_t nTimeout) {
@@ -196,7 +202,7 @@ int32_t ORVEX_ClearTvWallScreen(int32_t nHandle, uint32_t nTvWallId, int32_t nTi
         .scalar("nHandle", nHandle)
         .scalar("nTvWallId", nTvWallId)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::ClearTvWallScreen(nHandle, nTvWallId); });
 }
 
 int32_t ORVEX_ClearTvWallScreenByDecodeId(int32_t nHandle, uint32_t nTvWallId,
@@ -206,12 +212,18 @@ int32_t ORVEX_ClearTvWallScreenByDecodeId(int32_t nHandle, uint32_t nTvWallId,
         .scalar("nTvWallId", nTvWallId)
         .text("szDecodeId", szDecodeId)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] {
+            // A missing decoder must not read as "every decoder".
+            return szDecodeId == nullptr
+                       ? int32_t{ORVEX_CORE_ERROR_INVALID_PARAM}
+                       : platform::ClearTvWallScreenByDecodeId(nHandle, nTvWallId, szDecodeId);
+        });
 }
 
 int32_t ORVEX_ControlDevBurner(int32_t nHandle, Control_Dev_Burner_Request_t* pInfo,
                                int32_t nTimeout) {
-    return CommandCall("ORVEX_ControlDevBurner", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_ControlDevBurner", nHandle, pInfo, nTimeout,
+                       [=] { return platform::ControlDevBurner(nHandle, pInfo); });
 }
 
 int32_t ORVEX_SetDevBurnerHeader(int32_t nHandle, DevBurnerInfoHeader_t* pHeader,
@@ -221,7 +233,7 @@ int32_t ORVEX_SetDevBurnerHeader(int32_t nHandle, DevBurnerInfoHeader_t* pHeader
         .record("pHeader", pHeader)
         .record("pAttrName", pAttrName)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::SetDevBurnerHeader(nHandle, pHeader, pAttrName); });
 }
 
 int32_t ORVEX_GetDeviceDiskInfoCount(int32_t nHandle, const char* szDeviceId, int32_t* pnCount,
@@ -232,7 +244,9 @@ int32_t ORVEX_GetDeviceDiskInfoCount(int32_t nHandle, const char* szDeviceId, in
         .out("pnCount", pnCount)
         .out("pnSequence", pnSequence)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] {
+            return platform::GetDeviceDiskInfoCount(nHandle, szDeviceId, pnCount, pnSequence);
+        });
 }
 
 int32_t ORVEX_GetDeviceDiskInfo(int32_t nHandle, int32_t nSequence, Device_Disk_Info_t* pInfo) {
@@ -244,7 +258,7 @@ int32_t ORVEX_GetDeviceDiskInfo(int32_t nHandle, int32_t nSequence, Device_Disk_
         call.out("pInfo.pDiskInfoList", pInfo->pDiskInfoList,
                  orvexsim::takeDeclaredCapacity("ORVEX_GetDeviceDiskInfo", "pInfo.pDiskInfoList"));
     }
-    return call.finish();
+    return call.finish([=] { return platform::GetDeviceDiskInfo(nHandle, nSequence, pInfo); });
 }
 
 }  // extern "C"

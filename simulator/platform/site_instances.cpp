@@ -386,12 +386,15 @@ bool MayOperate(const Instance& in, const Site& site) {
     return u != nullptr && u->operFlag;
 }
 
-std::vector<int32_t> LoggedInHandles() {
-    std::vector<int32_t> out;
+std::vector<Session> LoggedInSessions() {
+    std::vector<Session> out;
+    if (!SiteReady()) {
+        return out;
+    }
     std::lock_guard<std::mutex> lock(PlatformMutex());
-    for (const auto& [handle, instance] : State().instances) {
-        if (instance.loggedIn) {
-            out.push_back(handle);
+    for (const auto& [handle, in] : State().instances) {
+        if (in.loggedIn) {
+            out.push_back({handle, in.userId, in.userName});
         }
     }
     return out;

@@ -36,11 +36,11 @@ void Broadcast(const Reports& reports) {
     if (reports.empty()) {
         return;
     }
-    for (int32_t handle : LoggedInHandles()) {
+    for (const Session& session : LoggedInSessions()) {
         for (const Report& r : reports) {
             std::vector<Value> args = r.args;
-            args[0] = IntArg(handle);
-            PostEvent(r.kind, handle, std::move(args));
+            args[0] = IntArg(session.handle);
+            PostEvent(r.kind, session.handle, std::move(args));
         }
     }
 }
