@@ -1,6 +1,8 @@
 // JSON and message transport, sharing and OSD, doors and link resources, GPS, vehicle bays and
 // people counting.
 #include "ORVEX_Core.h"
+#include "platform/aux.h"
+#include "platform/aux_vehicles.h"
 #include "sim_core.h"
 #include "sim_exports.h"
 
@@ -10,6 +12,17 @@ using orvexsim::CommandCall;
 using orvexsim::InRecords;
 using orvexsim::OutRecords;
 using orvexsim::takeDeclaredCapacity;
+namespace platform = orvexsim::platform;
+
+namespace {
+
+// The platform writes at most the capacity a test declared for the answer buffer, else as much
+// as its answers can take.
+std::size_t AnswerCapacity(std::size_t declared) {
+    return declared != 0 ? declared : platform::kJsonAnswerCapacity;
+}
+
+}  // namespace
 
 extern "C" {
 
@@ -17,25 +30,33 @@ extern "C" {
 // recorded and writable only as far as a test declared their capacity.
 int32_t ORVEX_SendCammandToCMSByJson(int32_t nHandle, const char* szJson, char* szJsonResult,
                                      int32_t nTimeout) {
+    const std::size_t declared =
+        takeDeclaredCapacity("ORVEX_SendCammandToCMSByJson", "szJsonResult");
     return CallRecord("ORVEX_SendCammandToCMSByJson")
         .scalar("nHandle", nHandle)
         .text("szJson", szJson)
-        .out("szJsonResult", szJsonResult,
-             takeDeclaredCapacity("ORVEX_SendCammandToCMSByJson", "szJsonResult"))
+        .out("szJsonResult", szJsonResult, declared)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] {
+            return platform::SendCammandToCMSByJson(nHandle, szJson, szJsonResult,
+                                                    AnswerCapacity(declared));
+        });
 }
 
 int32_t ORVEX_SendCammandToDMSByJson(int32_t nHandle, const char* szJson, const char* szCameraId,
                                      char* szJsonResult, int32_t nTimeout) {
+    const std::size_t declared =
+        takeDeclaredCapacity("ORVEX_SendCammandToDMSByJson", "szJsonResult");
     return CallRecord("ORVEX_SendCammandToDMSByJson")
         .scalar("nHandle", nHandle)
         .text("szJson", szJson)
         .text("szCameraId", szCameraId)
-        .out("szJsonResult", szJsonResult,
-             takeDeclaredCapacity("ORVEX_SendCammandToDMSByJson", "szJsonResult"))
+        .out("szJsonResult", szJsonResult, declared)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] {
+            return platform::SendCammandToDMSByJson(nHandle, szJson, szCameraId, szJsonResult,
+                                                    AnswerCapacity(declared));
+        });
 }
 
 int32_t ORVEX_GeneralJsonTransport(int32_t nHandle, const char* szJson, orvex_mdl_type_e nMdlType,
@@ -46,7 +67,8 @@ int32_t ORVEX_GeneralJsonTransport(int32_t nHandle, const char* szJson, orvex_md
         .scalar("nMdlType", nMdlType)
         .scalar("nTranType", nTranType)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish(
+            [=] { return platform::GeneralJsonTransport(nHandle, szJson, nMdlType, nTranType); });
 }
 
 int32_t ORVEX_SendScsMsg(int32_t nHandle, const char* szGroupId, const char* szText,
@@ -56,7 +78,7 @@ int32_t ORVEX_SendScsMsg(int32_t nHandle, const char* szGroupId, const char* szT
         .text("szGroupId", szGroupId)
         .text("szText", szText)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::SendScsMsg(nHandle, szGroupId, szText); });
 }
 
 int32_t ORVEX_ShareVideo(int32_t nHandle, ShareVideoInfo* pInfo, int32_t nVideoCount,
@@ -70,15 +92,19 @@ int32_t ORVEX_ShareVideo(int32_t nHandle, ShareVideoInfo* pInfo, int32_t nVideoC
         .scalar("nUserCount", nUserCount)
         .text("szMsg", szMsg)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] {
+            return platform::ShareVideo(nHandle, pInfo, nVideoCount, pUserIds, nUserCount, szMsg);
+        });
 }
 
 int32_t ORVEX_SendOSDInfo(int32_t nHandle, Send_OSDInfo_t* pInfo, int32_t nTimeout) {
-    return CommandCall("ORVEX_SendOSDInfo", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_SendOSDInfo", nHandle, pInfo, nTimeout,
+                       [=] { return platform::SendOSDInfo(nHandle, pInfo); });
 }
 
 int32_t ORVEX_SetDoorCmd(int32_t nHandle, SetDoorCmd_Request_t* pInfo, int32_t nTimeout) {
-    return CommandCall("ORVEX_SetDoorCmd", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_SetDoorCmd", nHandle, pInfo, nTimeout,
+                       [=] { return platform::SetDoorCmd(nHandle, pInfo); });
 }
 
 int32_t ORVEX_QueryLinkResource(int32_t nHandle, uint32_t* pnLen, int32_t nTimeout) {
@@ -86,7 +112,7 @@ int32_t ORVEX_QueryLinkResource(int32_t nHandle, uint32_t* pnLen, int32_t nTimeo
         .scalar("nHandle", nHandle)
         .out("pnLen", pnLen)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::QueryLinkResource(nHandle, pnLen); });
 }
 
 int32_t ORVEX_GetLinkResource(int32_t nHandle, GetLinkResource_Responce_t* pInfo) {
@@ -94,7 +120,7 @@ int32_t ORVEX_GetLinkResource(int32_t nHandle, GetLinkResource_Responce_t* pInfo
     call.scalar("nHandle", nHandle).out("pInfo", pInfo);
     OutRecords(call, "pInfo.pXmlData", pInfo, &GetLinkResource_Responce_t::pXmlData,
                &GetLinkResource_Responce_t::nLen);
-    return call.finish();
+    return call.finish([=] { return platform::GetLinkResource(nHandle, pInfo); });
 }
 
 int32_t ORVEX_QueryNVRChnlStatus(int32_t nHandle, const char* szDeviceId, int32_t nTimeout) {
@@ -102,7 +128,7 @@ int32_t ORVEX_QueryNVRChnlStatus(int32_t nHandle, const char* szDeviceId, int32_
         .scalar("nHandle", nHandle)
         .text("szDeviceId", szDeviceId)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::QueryNVRChnlStatus(nHandle, szDeviceId); });
 }
 
 int32_t ORVEX_AskForLastGpsStatusXMLStrCount(int32_t nHandle, int32_t* pnLen, int32_t nTimeout) {
@@ -110,7 +136,7 @@ int32_t ORVEX_AskForLastGpsStatusXMLStrCount(int32_t nHandle, int32_t* pnLen, in
         .scalar("nHandle", nHandle)
         .out("pnLen", pnLen)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::AskForLastGpsStatusXMLStrCount(nHandle, pnLen); });
 }
 
 int32_t ORVEX_AskForLastGpsStatusXMLStr(int32_t nHandle, char* szBuffer, int32_t nLen) {
@@ -118,7 +144,7 @@ int32_t ORVEX_AskForLastGpsStatusXMLStr(int32_t nHandle, char* szBuffer, int32_t
         .scalar("nHandle", nHandle)
         .out("szBuffer", szBuffer, ArrayBytes<char>(nLen))
         .scalar("nLen", nLen)
-        .finish();
+        .finish([=] { return platform::AskForLastGpsStatusXMLStr(nHandle, szBuffer, nLen); });
 }
 
 int32_t ORVEX_SubscribeBayCarInfo(int32_t nHandle, Subscribe_Bay_Car_Info_t* pInfo,
@@ -127,7 +153,9 @@ int32_t ORVEX_SubscribeBayCarInfo(int32_t nHandle, Subscribe_Bay_Car_Info_t* pIn
     call.scalar("nHandle", nHandle).record("pInfo", pInfo);
     InRecords(call, "pInfo.pEncChannelnfo", pInfo, &Subscribe_Bay_Car_Info_t::pEncChannelnfo,
               &Subscribe_Bay_Car_Info_t::nChnlCount);
-    return call.scalar("nTimeout", nTimeout).finish();
+    return call.scalar("nTimeout", nTimeout).finish([=] {
+        return platform::SubscribeBayCarInfo(nHandle, pInfo);
+    });
 }
 
 int32_t ORVEX_QueryPersonCount(int32_t nHandle, const char* szCameraId, uint32_t* pnQuerySeq,
@@ -142,7 +170,10 @@ int32_t ORVEX_QueryPersonCount(int32_t nHandle, const char* szCameraId, uint32_t
         .scalar("nEndTime", nEndTime)
         .scalar("nGranularity", nGranularity)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] {
+            return platform::QueryPersonCount(nHandle, szCameraId, pnQuerySeq, pnTotalCount,
+                                              nStartTime, nEndTime, nGranularity);
+        });
 }
 
 int32_t ORVEX_QueryPersonCountBypage(int32_t nHandle, const char* szCameraId, uint32_t nQuerySeq,
@@ -156,7 +187,10 @@ int32_t ORVEX_QueryPersonCountBypage(int32_t nHandle, const char* szCameraId, ui
         .scalar("nCount", nCount)
         .out("pInfo", pInfo, ArrayBytes<Person_Count_Info_t>(nCount))
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] {
+            return platform::QueryPersonCountBypage(nHandle, szCameraId, nQuerySeq, nIndex, nCount,
+                                                    pInfo);
+        });
 }
 
 int32_t ORVEX_StopQueryPersonCount(int32_t nHandle, const char* szCameraId, uint32_t nQuerySeq,
@@ -166,7 +200,7 @@ int32_t ORVEX_StopQueryPersonCount(int32_t nHandle, const char* szCameraId, uint
         .text("szCameraId", szCameraId)
         .scalar("nQuerySeq", nQuerySeq)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::StopQueryPersonCount(nHandle, szCameraId, nQuerySeq); });
 }
 
 }  // extern "C"

@@ -1,6 +1,8 @@
 // Device lists and status, alarm hosts, video wall, evidence burner and disks.
 #include "ORVEX_Core.h"
+#include "platform/burner_disks.h"
 #include "platform/status_hosts.h"
+#include "platform/wall.h"
 #include "sim_core.h"
 #include "sim_exports.h"
 
@@ -9,7 +11,7 @@ using orvexsim::CallRecord;
 using orvexsim::CommandCall;
 using orvexsim::FillCall;
 using orvexsim::OutRecords;
-namespace site = orvexsim::platform;
+namespace platform = orvexsim::platform;
 
 extern "C" {
 
@@ -18,7 +20,7 @@ int32_t ORVEX_GetDeviceListLen(int32_t nHandle, int32_t* pnLen, int32_t nTimeout
         .scalar("nHandle", nHandle)
         .out("pnLen", pnLen)
         .scalar("nTimeout", nTimeout)
-        .finish([&] { return site::GetDeviceListLen(nHandle, pnLen); });
+        .finish([&] { return platform::GetDeviceListLen(nHandle, pnLen); });
 }
 
 int32_t ORVEX_GetDeviceListStr(int32_t nHandle, char* szDevList, int32_t nLen, int32_t nTimeout) {
@@ -27,14 +29,14 @@ int32_t ORVEX_GetDeviceListStr(int32_t nHandle, char* szDevList, int32_t nLen, i
         .out("szDevList", szDevList, ArrayBytes<char>(nLen))
         .scalar("nLen", nLen)
         .scalar("nTimeout", nTimeout)
-        .finish([&] { return site::GetDeviceListStr(nHandle, szDevList, nLen); });
+        .finish([&] { return platform::GetDeviceListStr(nHandle, szDevList, nLen); });
 }
 
 int32_t ORVEX_GetDevicesInfoLen(int32_t nHandle, int32_t* pnLen) {
     return CallRecord("ORVEX_GetDevicesInfoLen")
         .scalar("nHandle", nHandle)
         .out("pnLen", pnLen)
-        .finish([&] { return site::GetDevicesInfoLen(nHandle, pnLen); });
+        .finish([&] { return platform::GetDevicesInfoLen(nHandle, pnLen); });
 }
 
 int32_t ORVEX_GetDevicesInfoStr(int32_t nHandle, char* szDevicesInfo, int32_t nLen) {
@@ -42,7 +44,7 @@ int32_t ORVEX_GetDevicesInfoStr(int32_t nHandle, char* szDevicesInfo, int32_t nL
         .scalar("nHandle", nHandle)
         .out("szDevicesInfo", szDevicesInfo, ArrayBytes<char>(nLen))
         .scalar("nLen", nLen)
-        .finish([&] { return site::GetDevicesInfoStr(nHandle, szDevicesInfo, nLen); });
+        .finish([&] { return platform::GetDevicesInfoStr(nHandle, szDevicesInfo, nLen); });
 }
 
 int32_t ORVEX_GetChannelStatus(int32_t nHandle, const char* szCameraId,
@@ -51,7 +53,7 @@ int32_t ORVEX_GetChannelStatus(int32_t nHandle, const char* szCameraId,
         .scalar("nHandle", nHandle)
         .text("szCameraId", szCameraId)
         .out("pStatus", pStatus)
-        .finish([&] { return site::GetChannelStatus(nHandle, szCameraId, pStatus); });
+        .finish([&] { return platform::GetChannelStatus(nHandle, szCameraId, pStatus); });
 }
 
 int32_t ORVEX_GetDeviceTypeByDevId(int32_t nHandle, const char* szDeviceId,
@@ -60,7 +62,7 @@ int32_t ORVEX_GetDeviceTypeByDevId(int32_t nHandle, const char* szDeviceId,
         .scalar("nHandle", nHandle)
         .text("szDeviceId", szDeviceId)
         .out("pDevType", pDevType)
-        .finish([&] { return site::GetDeviceType(nHandle, szDeviceId, pDevType); });
+        .finish([&] { return platform::GetDeviceType(nHandle, szDeviceId, pDevType); });
 }
 
 int32_t ORVEX_ControlVideoAlarmHost(int32_t nHandle, const char* szDeviceId, int32_t nChannelId,
@@ -71,7 +73,9 @@ int32_t ORVEX_ControlVideoAlarmHost(int32_t nHandle, const char* szDeviceId, int
         .scalar("nChannelId", nChannelId)
         .scalar("nControlType", nControlType)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] {
+            return platform::ControlVideoAlarmHost(nHandle, szDeviceId, nChannelId, nControlType);
+        });
 }
 
 int32_t ORVEX_ControlNetAlarmHostCmd(int32_t nHandle, const char* szId, int32_t nOptType,
@@ -85,7 +89,10 @@ int32_t ORVEX_ControlNetAlarmHostCmd(int32_t nHandle, const char* szId, int32_t 
         .scalar("nStartTime", nStartTime)
         .scalar("nEndTime", nEndTime)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] {
+            return platform::ControlNetAlarmHostCmd(nHandle, szId, nOptType, nControlType,
+                                                    nStartTime, nEndTime);
+        });
 }
 
 int32_t ORVEX_GetAlarmInChannelInfo(int32_t nHandle, Get_AlarmInChannel_Info_t* pInfo) {
@@ -94,7 +101,7 @@ int32_t ORVEX_GetAlarmInChannelInfo(int32_t nHandle, Get_AlarmInChannel_Info_t* 
     OutRecords(call, "pInfo.pAlarmInChannelnfo", pInfo,
                &Get_AlarmInChannel_Info_t::pAlarmInChannelnfo,
                &Get_AlarmInChannel_Info_t::nAlarmInChannelCount);
-    return call.finish();
+    return call.finish([&] { return platform::GetAlarmInChannelInfo(nHandle, pInfo); });
 }
 
 int32_t ORVEX_QueryNetAlarmHostChannelCount(int32_t nHandle, const char* szDeviceId,
@@ -104,7 +111,8 @@ int32_t ORVEX_QueryNetAlarmHostChannelCount(int32_t nHandle, const char* szDevic
         .text("szDeviceId", szDeviceId)
         .out("pnCount", pnCount)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish(
+            [&] { return platform::QueryNetAlarmHostChannelCount(nHandle, szDeviceId, pnCount); });
 }
 
 int32_t ORVEX_QueryNetAlarmHostStatus(int32_t nHandle, const char* szDeviceId,
@@ -116,7 +124,9 @@ int32_t ORVEX_QueryNetAlarmHostStatus(int32_t nHandle, const char* szDeviceId,
         .scalar("nChannelCount", nChannelCount)
         .out("pInfo", pInfo, ArrayBytes<orvex_AHostDefenceStatus_t>(nChannelCount))
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([&] {
+            return platform::QueryNetAlarmHostStatus(nHandle, szDeviceId, nChannelCount, pInfo);
+        });
 }
 
 int32_t ORVEX_GetNetAlarmHostStatus(int32_t nHandle, int32_t nChannelCount,
@@ -125,7 +135,7 @@ int32_t ORVEX_GetNetAlarmHostStatus(int32_t nHandle, int32_t nChannelCount,
         .scalar("nHandle", nHandle)
         .scalar("nChannelCount", nChannelCount)
         .out("pInfo", pInfo, ArrayBytes<orvex_AHostDefenceStatus_t>(nChannelCount))
-        .finish();
+        .finish([&] { return platform::GetNetAlarmHostStatus(nHandle, nChannelCount, pInfo); });
 }
 
 int32_t ORVEX_GetTvWallListCount(int32_t nHandle, uint32_t* pnCount, int32_t nTimeout) {
@@ -133,7 +143,7 @@ int32_t ORVEX_GetTvWallListCount(int32_t nHandle, uint32_t* pnCount, int32_t nTi
         .scalar("nHandle", nHandle)
         .out("pnCount", pnCount)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::GetTvWallListCount(nHandle, pnCount); });
 }
 
 int32_t ORVEX_GetTvWallList(int32_t nHandle, TvWall_List_Info_t* pInfo) {
@@ -141,7 +151,7 @@ int32_t ORVEX_GetTvWallList(int32_t nHandle, TvWall_List_Info_t* pInfo) {
     call.scalar("nHandle", nHandle).out("pInfo", pInfo);
     OutRecords(call, "pInfo.pTvWallInfo", pInfo, &TvWall_List_Info_t::pTvWallInfo,
                &TvWall_List_Info_t::nCount);
-    return call.finish();
+    return call.finish([=] { return platform::GetTvWallList(nHandle, pInfo); });
 }
 
 int32_t ORVEX_GetTvWallLayoutCount(int32_t nHandle, uint32_t nTvWallId, uint32_t* pnCount,
@@ -151,7 +161,7 @@ int32_t ORVEX_GetTvWallLayoutCount(int32_t nHandle, uint32_t nTvWallId, uint32_t
         .scalar("nTvWallId", nTvWallId)
         .out("pnCount", pnCount)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::GetTvWallLayoutCount(nHandle, nTvWallId, pnCount); });
 }
 
 int32_t ORVEX_GetTvWallLayout(int32_t nHandle, TvWall_Layout_Info_t* pInfo) {
@@ -159,28 +169,32 @@ int32_t ORVEX_GetTvWallLayout(int32_t nHandle, TvWall_Layout_Info_t* pInfo) {
     call.scalar("nHandle", nHandle).out("pInfo", pInfo);
     OutRecords(call, "pInfo.pScreenInfo", pInfo, &TvWall_Layout_Info_t::pScreenInfo,
                &TvWall_Layout_Info_t::nCount);
-    return call.finish();
+    return call.finish([=] { return platform::GetTvWallLayout(nHandle, pInfo); });
 }
 
 int32_t ORVEX_SetTvWallScreenWindowSource(int32_t nHandle, Set_TvWall_Screen_Window_Source_t* pInfo,
                                           int32_t nTimeout) {
-    return CommandCall("ORVEX_SetTvWallScreenWindowSource", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_SetTvWallScreenWindowSource", nHandle, pInfo, nTimeout,
+                       [=] { return platform::SetTvWallScreenWindowSource(nHandle, pInfo); });
 }
 
 int32_t ORVEX_CloseTvWallScreenWindowSource(int32_t nHandle, TvWall_Screen_Close_Source_t* pInfo,
                                             int32_t nTimeout) {
-    return CommandCall("ORVEX_CloseTvWallScreenWindowSource", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_CloseTvWallScreenWindowSource", nHandle, pInfo, nTimeout,
+                       [=] { return platform::CloseTvWallScreenWindowSource(nHandle, pInfo); });
 }
 
 int32_t ORVEX_SetTvWallScreenSplit(int32_t nHandle, TvWall_Screen_Split_t* pInfo,
                                    int32_t nTimeout) {
-    return CommandCall("ORVEX_SetTvWallScreenSplit", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_SetTvWallScreenSplit", nHandle, pInfo, nTimeout,
+                       [=] { return platform::SetTvWallScreenSplit(nHandle, pInfo); });
 }
 
 int32_t ORVEX_TvWallScreenOpenWindow(int32_t nHandle, TvWall_Screen_Open_Window_t* pInfo,
                                      int32_t nTimeout) {
     // The library answers with the new window's identifier and stacking order.
-    return FillCall("ORVEX_TvWallScreenOpenWindow", nHandle, pInfo, nTimeout);
+    return FillCall("ORVEX_TvWallScreenOpenWindow", nHandle, pInfo, nTimeout,
+                    [=] { return platform::TvWallScreenOpenWindow(nHandle, pInfo); });
 }
 
 int32_t ORVEX_ClearTvWallScreen(int32_t nHandle, uint32_t nTvWallId, int32_t nTimeout) {
@@ -188,7 +202,7 @@ int32_t ORVEX_ClearTvWallScreen(int32_t nHandle, uint32_t nTvWallId, int32_t nTi
         .scalar("nHandle", nHandle)
         .scalar("nTvWallId", nTvWallId)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::ClearTvWallScreen(nHandle, nTvWallId); });
 }
 
 int32_t ORVEX_ClearTvWallScreenByDecodeId(int32_t nHandle, uint32_t nTvWallId,
@@ -198,12 +212,18 @@ int32_t ORVEX_ClearTvWallScreenByDecodeId(int32_t nHandle, uint32_t nTvWallId,
         .scalar("nTvWallId", nTvWallId)
         .text("szDecodeId", szDecodeId)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] {
+            // A missing decoder must not read as "every decoder".
+            return szDecodeId == nullptr
+                       ? int32_t{ORVEX_CORE_ERROR_INVALID_PARAM}
+                       : platform::ClearTvWallScreenByDecodeId(nHandle, nTvWallId, szDecodeId);
+        });
 }
 
 int32_t ORVEX_ControlDevBurner(int32_t nHandle, Control_Dev_Burner_Request_t* pInfo,
                                int32_t nTimeout) {
-    return CommandCall("ORVEX_ControlDevBurner", nHandle, pInfo, nTimeout);
+    return CommandCall("ORVEX_ControlDevBurner", nHandle, pInfo, nTimeout,
+                       [=] { return platform::ControlDevBurner(nHandle, pInfo); });
 }
 
 int32_t ORVEX_SetDevBurnerHeader(int32_t nHandle, DevBurnerInfoHeader_t* pHeader,
@@ -213,7 +233,7 @@ int32_t ORVEX_SetDevBurnerHeader(int32_t nHandle, DevBurnerInfoHeader_t* pHeader
         .record("pHeader", pHeader)
         .record("pAttrName", pAttrName)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] { return platform::SetDevBurnerHeader(nHandle, pHeader, pAttrName); });
 }
 
 int32_t ORVEX_GetDeviceDiskInfoCount(int32_t nHandle, const char* szDeviceId, int32_t* pnCount,
@@ -224,7 +244,9 @@ int32_t ORVEX_GetDeviceDiskInfoCount(int32_t nHandle, const char* szDeviceId, in
         .out("pnCount", pnCount)
         .out("pnSequence", pnSequence)
         .scalar("nTimeout", nTimeout)
-        .finish();
+        .finish([=] {
+            return platform::GetDeviceDiskInfoCount(nHandle, szDeviceId, pnCount, pnSequence);
+        });
 }
 
 int32_t ORVEX_GetDeviceDiskInfo(int32_t nHandle, int32_t nSequence, Device_Disk_Info_t* pInfo) {
@@ -236,7 +258,7 @@ int32_t ORVEX_GetDeviceDiskInfo(int32_t nHandle, int32_t nSequence, Device_Disk_
         call.out("pInfo.pDiskInfoList", pInfo->pDiskInfoList,
                  orvexsim::takeDeclaredCapacity("ORVEX_GetDeviceDiskInfo", "pInfo.pDiskInfoList"));
     }
-    return call.finish();
+    return call.finish([=] { return platform::GetDeviceDiskInfo(nHandle, nSequence, pInfo); });
 }
 
 }  // extern "C"

@@ -61,7 +61,8 @@ void AddCameras(Device& d, int count, bool recordings) {
         c.multicastPort = 6000 + k;
         c.ptz = {(k * 45) % 360, 0, 1};
         if (c.cameraType == CAMERA_TYPE_SD) {
-            c.presets = {{1, "Home"}, {2, "Entrance"}};
+            c.presets = {{1, "Home", c.ptz.pan, 0, 1},
+                         {2, "Entrance", (c.ptz.pan + 90) % 360, -20, 3}};
         }
         for (uint64_t h = 0; recordings && h < 24; ++h) {
             c.recordings.push_back(

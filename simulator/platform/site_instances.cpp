@@ -377,3 +377,26 @@ void CancelJob(int32_t handle, uint64_t id) {
 }
 
 }  // namespace orvexsim::platform
+
+namespace orvexsim::platform {
+
+bool MayOperate(const Instance& in, const Site& site) {
+    const User* u = site.user(in.userName);
+    return u != nullptr && u->operFlag;
+}
+
+std::vector<Session> LoggedInSessions() {
+    std::vector<Session> out;
+    if (!SiteReady()) {
+        return out;
+    }
+    std::lock_guard<std::mutex> lock(PlatformMutex());
+    for (const auto& [handle, in] : State().instances) {
+        if (in.loggedIn) {
+            out.push_back({handle, in.userId, in.userName});
+        }
+    }
+    return out;
+}
+
+}  // namespace orvexsim::platform

@@ -10,9 +10,12 @@
 // Times (recordings, alarms, GPS fixes) are seconds since the Unix epoch.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <cstring>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -44,6 +47,10 @@ struct Department {
 struct Preset {
     uint32_t code = 0;
     std::string name;  // 31 bytes at most
+    // Added with PTZ: the position the preset recalls (as PtzPosition).
+    int32_t pan = 0;
+    int32_t tilt = 0;
+    int32_t zoom = 1;
 };
 
 struct PtzPosition {
@@ -147,6 +154,20 @@ struct WallScreen {
     float left = 0, top = 0, width = 0, height = 0;
     bool bind = true;
     bool combine = false;
+
+    // ----- Video wall control: the panes of the screen's split and the free windows opened on
+    // it, in stacking order, with the camera each shows. A screen starts as one empty pane.
+    struct Window {
+        uint32_t id = 1;
+        uint32_t zorder = 0;  // 0 for the panes of the split; free windows stack above them
+        bool pane = true;     // a pane of the split, else a free window
+        float left = 0, top = 0, width = 1, height = 1;  // within the screen, from 0 to 1
+        std::string camera;                              // empty: shows nothing
+        int32_t streamType = 0;
+        uint64_t stayTime = 0;
+    };
+    uint32_t split = 1;
+    std::vector<Window> windows{Window{}};
 };
 
 struct Wall {
@@ -181,6 +202,15 @@ struct Burner {
     std::string name;
     int32_t drives = 1;
     int32_t state = 0;
+
+    // ----- Burner control: the burn in progress and the case header it writes.
+    uint32_t channelMask = 0;
+    uint32_t burnerMask = 0;
+    int32_t discChanges = 0;
+    std::string caseId{};
+    std::string recordName{};
+    std::string recordPerson{};
+    std::string caseIdLabel{};
 };
 
 struct GpsPosition {
@@ -259,6 +289,15 @@ struct Site {
     std::vector<AlarmSource> alarmSources;
     std::vector<ScheduledAlarm> alarms;
 
+    // ----- Auxiliary services: what clients left on the platform.
+    struct ScsMessage {
+        std::string group;
+        std::string text;
+        std::string fromUser;
+    };
+    std::map<std::string, std::string> osdTexts;  // device or channel -> its on-screen text
+    std::vector<ScsMessage> scsMessages;          // the latest ones, oldest first
+
     // Look-ups by identifier; null when absent. Pointers are valid while the site lock is held.
     const User* user(const std::string& name) const;
     const Department* department(const std::string& coding) const;
@@ -303,6 +342,23 @@ struct Instance {
     std::string logFile;  // empty: no log
     int32_t logLevel = 2;
     std::string monitorFile;  // empty: no monitor output
+
+    // ----- Disks and auxiliary services: answers kept between a query and its fetches.
+    struct DiskAnswer {
+        std::string device;
+        std::vector<Disk> disks;
+    };
+    std::map<int32_t, DiskAnswer> diskAnswers;  // by sequence; only the latest few
+    int32_t lastDiskSequence = 0;
+    std::string linkResourceXml;  // of the last link-resource query
+    std::string gpsXml;           // of the last GPS query
+    struct PersonQuery {
+        std::string camera;
+        std::vector<PeopleCountSample> rows;
+    };
+    std::map<uint32_t, PersonQuery> personQueries;  // open people-count queries by sequence
+    uint32_t lastPersonQuery = 0;
+    std::map<std::string, uint64_t> bayJobs;  // subscribed bay camera -> its job
 };
 
 // Creates an instance (ORVEX_CORE_ERROR_SCENARIO_INVALID when the site could not be loaded),
@@ -360,6 +416,35 @@ enum class JobScope { Session, Instance };
 uint64_t RunJob(int32_t handle, JobScope scope, std::chrono::milliseconds first,
                 std::chrono::milliseconds period, std::function<void()> job);
 void CancelJob(int32_t handle, uint64_t id);
+
+// ----- Texts of library records, and operating rights
+
+// A text member of a library record: up to its first NUL, never beyond the member.
+template <std::size_t N>
+std::string FixedText(const char (&member)[N]) {
+    return std::string(member, strnlen(member, N));
+}
+// Writes `text` into a text member of a record, cut to fit, the rest of the member zeroed.
+template <std::size_t N>
+void CopyText(char (&member)[N], const std::string& text) {
+    const std::size_t n = std::min(text.size(), N - 1);
+    std::memcpy(member, text.data(), n);
+    std::memset(member + n, 0, N - n);
+}
+
+// Whether the instance's user may operate devices (move cameras, command alarm hosts, change
+// alarm configuration). Call with the platform mutex held.
+bool MayOperate(const Instance& in, const Site& site);
+
+// ----- Auxiliary services: events every logged-in user receives (shared videos, doors)
+
+struct Session {
+    int32_t handle = 0;
+    uint32_t userId = 0;
+    std::string userName;
+};
+// The logged-in instances, in handle order. Takes the lock: call it without holding it.
+std::vector<Session> LoggedInSessions();
 
 // ----- Implementation details of WithSite
 

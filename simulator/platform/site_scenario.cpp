@@ -38,7 +38,9 @@ PtzPosition ReadPtz(Obj& o) {
 }
 
 Preset ReadPreset(Obj& o) {
-    return {o.integer<uint32_t>("code", 0, true), o.text("name", kShort, "")};
+    const PtzPosition at = ReadPtz(o);  // the position the preset recalls
+    return {o.integer<uint32_t>("code", 0, true), o.text("name", kShort, ""), at.pan, at.tilt,
+            at.zoom};
 }
 
 RecordingSpan ReadRecording(Obj& o) {

@@ -23,6 +23,7 @@
 #include "platform/media_engine.h"
 #include "platform/media_picture.h"
 #include "platform/media_records.h"
+#include "platform/site_model.h"
 #include "platform/site_view.h"
 #include "sim_control.h"
 
@@ -211,13 +212,16 @@ class MediaEngine : public ::testing::Test {
         site.recordings["cam-1"] = {{kT0, kT0 + 600, ORVEX_CORE_PB_RECORD_TIMER, "a.mp4"},
                                     {kT0 + 1000, kT0 + 1600, ORVEX_CORE_PB_RECORD_ALARM, "b.mp4"},
                                     {kT0 + 2000, kT0 + 2060, ORVEX_CORE_PB_RECORD_TIMER, "c.mp4"}};
+        // The site model's view comes back for the tests that follow.
+        SiteReady();
+        modelView = CurrentSiteView();
         site.install();
     }
     void TearDown() override {
         NotifyInstanceEnded(kHandle);
         NotifyInstanceEnded(kOtherHandle);
         EXPECT_EQ(0u, OpenStreamCount());
-        InstallSiteView(SiteView{});
+        InstallSiteView(modelView);
     }
     int32_t openLive(Collector& c, const std::string& camera = "cam-1", int32_t handle = kHandle) {
         int32_t seq = -1;
@@ -235,6 +239,7 @@ class MediaEngine : public ::testing::Test {
         return seq;
     }
     FakeSite site;
+    SiteView modelView;
 };
 
 TEST_F(MediaEngine, LiveFrameIsAJpegOfTheDocumentedSizeFromALibraryThread) {
