@@ -2,6 +2,7 @@ package platformtest;
 
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
@@ -12,6 +13,7 @@ import com.zq.OrvexCore.Get_TalkStream_Info_t;
 import com.zq.OrvexCore.IOrvexCore;
 import com.zq.OrvexCore.Login_Info_t;
 import com.zq.OrvexCore.MediaDataCallback;
+import com.zq.OrvexCore.Ptz_Sit_Info_t;
 import com.zq.OrvexCore.Return_Value_Info_t;
 import com.zq.OrvexCore.Send_Audio_Data_Info_t;
 import java.awt.image.BufferedImage;
@@ -140,6 +142,62 @@ class MediaPlatformTest {
         assertEquals(atClose, frames.count(), "no frame after the close returned");
         assertEquals(1013,
                 IOrvexCore.ORVEX_CloseRealStreamBySeq(handle, seq.nReturnValue, TIMEOUT));
+    }
+
+    /** The camera's pattern, away from the texts, the cross-hair and the seconds bar. */
+    static int[] pattern(byte[] jpeg) throws IOException {
+        return decode(jpeg).getRGB(16, 40, 120, 100, null, 0, 120);
+    }
+
+    /** The next JPEG frame the stream delivers after this call. */
+    static byte[] nextFrame(Frames frames) throws InterruptedException {
+        int seen = frames.count();
+        long deadline = System.nanoTime() + TimeUnit.SECONDS.toNanos(5);
+        while (frames.count() == seen) {
+            assertTrue(System.nanoTime() < deadline, "a frame within 5 s");
+            Thread.sleep(10);
+        }
+        synchronized (frames) {
+            return frames.data.get(frames.data.size() - 1);
+        }
+    }
+
+    @Test
+    void framesChangeOverTimeAndFollowThePtz() throws Exception {
+        String dome = "ipc-gate-01-cam01";
+        Frames frames = new Frames(1, 3);
+        Get_RealStream_Info_t request = new Get_RealStream_Info_t();
+        request.szCameraId = fixed(dome, 64);
+        request.nStreamType = 1;
+        request.nMediaType = 1;
+        Return_Value_Info_t seq = new Return_Value_Info_t();
+        assertEquals(0, IOrvexCore.ORVEX_GetRealStream(handle, seq, request, frames, TIMEOUT));
+        try {
+            byte[] before = nextFrame(frames);
+            byte[] later = nextFrame(frames);
+            assertFalse(Arrays.equals(before, later), "each frame shows its own time");
+            assertArrayEquals(pattern(before), pattern(later), "a still camera keeps its view");
+
+            Ptz_Sit_Info_t sit = new Ptz_Sit_Info_t();
+            sit.szCameraId = fixed(dome, 64);
+            sit.pointX = 200;
+            sit.pointY = 10;
+            sit.pointZ = 2;
+            assertEquals(0, IOrvexCore.ORVEX_PtzSit(handle, sit, TIMEOUT));
+            nextFrame(frames);
+            byte[] moved = nextFrame(frames);
+            assertFalse(Arrays.equals(pattern(later), pattern(moved)), "the view follows the move");
+            String facts = new String(moved, 6, 200, StandardCharsets.US_ASCII);
+            assertTrue(facts.contains(" pan=200 tilt=10 zoom=2 "), facts);
+        } finally {
+            // The site is the JVM's: put the dome back where the built-in site has it.
+            Ptz_Sit_Info_t home = new Ptz_Sit_Info_t();
+            home.szCameraId = fixed(dome, 64);
+            home.pointX = 45;
+            home.pointZ = 1;
+            IOrvexCore.ORVEX_PtzSit(handle, home, TIMEOUT);
+            assertEquals(0, IOrvexCore.ORVEX_CloseRealStreamBySeq(handle, seq.nReturnValue, TIMEOUT));
+        }
     }
 
     @Test
