@@ -109,7 +109,9 @@ class Worker {
                 continue;
             }
             if (next->due > Clock::now()) {
-                cv_.wait_until(lock, next->due);
+                // A copy: the wait reads the time again after Add may have moved the jobs.
+                const Clock::time_point due = next->due;
+                cv_.wait_until(lock, due);
                 continue;
             }
             std::shared_ptr<std::function<void()>> fn = next->fn;
