@@ -38,6 +38,8 @@ import java.util.concurrent.atomic.AtomicReference;
  *
  * <p>Arguments: {@code [options] [picture-file]}; the picture defaults to {@code orvex-frame.jpg}.
  */
+// Streams and registrations are held open for the scope of a try block without being named in it.
+@SuppressWarnings("try")
 public final class SiteTour {
     /** The day the built-in site holds recordings for (2026-01-01 UTC, seconds). */
     private static final long RECORDING_DAY = 1767225600L;

@@ -6,12 +6,19 @@ import java.util.List;
 
 /**
  * Test-side control of the stand-in client library: its call log, scripted replies and callback
- * firing. Works through a JNI library of its own (property {@code orvex.simctl.library}, an
- * absolute path), never through the bridge under test.
+ * firing. Works through a JNI library of its own, never through the bridge under test: the
+ * property {@code orvex.simctl.library} names it by absolute path, else {@code libOrvexSimCtl.so}
+ * is looked up on {@code java.library.path}. Loading this class switches the stand-in to
+ * scripted answers only ({@link #usePlatform} switches back).
  */
 public final class SimControl {
     static {
-        System.load(System.getProperty("orvex.simctl.library"));
+        String path = System.getProperty("orvex.simctl.library");
+        if (path != null && !path.isEmpty()) {
+            System.load(path);
+        } else {
+            System.loadLibrary("OrvexSimCtl");
+        }
     }
 
     private SimControl() {}
