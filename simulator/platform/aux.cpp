@@ -6,7 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "service_util.h"
+#include "site_model.h"
 
 namespace orvexsim::platform {
 namespace {
@@ -250,11 +250,13 @@ int32_t CommandToBuffer(int32_t handle, const char* text, int32_t module, const 
     int32_t rc = Answer(handle, text, module, camera, &answer);
     // The capacity is only the platform's bound: the caller's buffer may be smaller, so nothing
     // is written past the answer's terminator.
-    if (WriteText(Dump(answer), buffer, capacity, Rest::Untouched) != ORVEX_RET_SUCCESS) {
+    if (WriteText(buffer, static_cast<int64_t>(capacity), Dump(answer), TextFit::WholeOnly) !=
+        ORVEX_RET_SUCCESS) {
         rc = ORVEX_CORE_ERROR_BUFFER_TOO_SMALL;
         const json tooLong = {
             {"cmd", answer.value("cmd", "")}, {"result", rc}, {"error", ORVEX_ErrorMessage(rc)}};
-        if (WriteText(Dump(tooLong), buffer, capacity, Rest::Untouched) != ORVEX_RET_SUCCESS) {
+        if (WriteText(buffer, static_cast<int64_t>(capacity), Dump(tooLong), TextFit::WholeOnly) !=
+            ORVEX_RET_SUCCESS) {
             buffer[0] = '\0';
         }
     }
@@ -288,8 +290,7 @@ int32_t GeneralJsonTransport(int32_t handle, const char* text, int32_t module, i
         Answer(handle, text, module, camera, &answer);
         answer["module"] = module;
         answer["tranType"] = GENERALJSON_TRAN_RESPONSE;
-        PostEvent(CbKind::GeneralJsonTransport, handle,
-                  {IntArg(handle), TextArg(Dump(answer))});
+        PostEvent(CbKind::GeneralJsonTransport, handle, {IntArg(handle), TextArg(Dump(answer))});
     }
     return ORVEX_RET_SUCCESS;
 }
@@ -364,7 +365,7 @@ int32_t SendOSDInfo(int32_t handle, const Send_OSDInfo_t* info) {
         return ORVEX_CORE_ERROR_INVALID_PARAM;
     }
     return WithInstance(handle, true, [&](Instance& in, Site& site) {
-        if (int32_t rc = MayOperate(site, in)) {
+        if (int32_t rc = MayOperate(in, site)) {
             return rc;
         }
         const Device* owner = site.device(info->szDevId);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "service_util.h"
+#include "site_model.h"
 
 namespace orvexsim::platform {
 namespace {
@@ -64,7 +64,7 @@ int32_t ControlDevBurner(int32_t handle, const Control_Dev_Burner_Request_t* req
     }
     return WithInstance(handle, true, [&](Instance& in, Site& site) {
         Burner* b = nullptr;
-        int32_t rc = MayOperate(site, in);
+        int32_t rc = MayOperate(in, site);
         if (rc == ORVEX_RET_SUCCESS) {
             rc = ReachBurner(site, request->deviceId, &b);
         }
@@ -109,7 +109,7 @@ int32_t SetDevBurnerHeader(int32_t handle, const DevBurnerInfoHeader_t* header,
     }
     return WithInstance(handle, true, [&](Instance& in, Site& site) {
         Burner* b = nullptr;
-        int32_t rc = MayOperate(site, in);
+        int32_t rc = MayOperate(in, site);
         if (rc == ORVEX_RET_SUCCESS) {
             rc = ReachBurner(site, h.m_deviceId, &b);
         }

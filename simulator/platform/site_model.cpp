@@ -8,30 +8,15 @@
 namespace orvexsim::platform {
 
 const User* Site::user(const std::string& name) const {
-    for (const User& u : users) {
-        if (u.name == name) {
-            return &u;
-        }
-    }
-    return nullptr;
+    return FindBy(users, &User::name, name);
 }
 
 const Department* Site::department(const std::string& coding) const {
-    for (const Department& d : departments) {
-        if (d.coding == coding) {
-            return &d;
-        }
-    }
-    return nullptr;
+    return FindBy(departments, &Department::coding, coding);
 }
 
 Device* Site::device(const std::string& id) {
-    for (Device& d : devices) {
-        if (d.id == id) {
-            return &d;
-        }
-    }
-    return nullptr;
+    return FindBy(devices, &Device::id, id);
 }
 
 const Device* Site::device(const std::string& id) const {
@@ -76,12 +61,7 @@ const AlarmInput* Site::alarmInput(const std::string& id, const Device** owner) 
 }
 
 const LogicDepartment* Site::logicDepartment(const std::string& coding) const {
-    for (const LogicDepartment& d : logicOrg) {
-        if (d.coding == coding) {
-            return &d;
-        }
-    }
-    return nullptr;
+    return FindBy(logicOrg, &LogicDepartment::coding, coding);
 }
 
 std::vector<const Department*> Site::childDepartments(const std::string& coding) const {
