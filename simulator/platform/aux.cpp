@@ -80,61 +80,56 @@ int32_t GetWall(const Request& r, const Site& site, json& answer) {
     if (id == r.body.end() || !id->is_number_integer()) {
         return ORVEX_CORE_ERROR_INVALID_PARAM;
     }
-    for (const Wall& w : site.walls) {
-        if (w.id == id->get<int64_t>()) {
-            json screens = json::array();
-            for (const WallScreen& s : w.screens) {
-                json windows = json::array();
-                for (const WallScreen::Window& win : s.windows) {
-                    windows.push_back(WindowJson(win));
-                }
-                screens.push_back({{"id", s.id},
-                                   {"decoder", s.decoder},
-                                   {"split", s.split},
-                                   {"windows", std::move(windows)}});
-            }
-            answer["wall"] = {{"id", w.id},
-                              {"name", w.name},
-                              {"state", w.state},
-                              {"screens", std::move(screens)}};
-            return ORVEX_RET_SUCCESS;
-        }
+    const Wall* w = FindBy(site.walls, &Wall::id, id->get<int64_t>());
+    if (w == nullptr) {
+        return ORVEX_CORE_ERROR_NOT_FOUND;
     }
-    return ORVEX_CORE_ERROR_NOT_FOUND;
+    json screens = json::array();
+    for (const WallScreen& s : w->screens) {
+        json windows = json::array();
+        for (const WallScreen::Window& win : s.windows) {
+            windows.push_back(WindowJson(win));
+        }
+        screens.push_back({{"id", s.id},
+                           {"decoder", s.decoder},
+                           {"split", s.split},
+                           {"windows", std::move(windows)}});
+    }
+    answer["wall"] = {
+        {"id", w->id}, {"name", w->name}, {"state", w->state}, {"screens", std::move(screens)}};
+    return ORVEX_RET_SUCCESS;
 }
 
 int32_t GetDoor(const Request& r, const Site& site, json& answer) {
     const std::string id = TextMember(r.body, "id");
-    for (const Door& d : site.doors) {
-        if (d.id == id) {
-            answer["door"] = {
-                {"id", d.id}, {"name", d.name}, {"device", d.device}, {"status", d.status}};
-            return ORVEX_RET_SUCCESS;
-        }
+    const Door* d = FindBy(site.doors, &Door::id, id);
+    if (d == nullptr) {
+        return ORVEX_CORE_ERROR_NOT_FOUND;
     }
-    return ORVEX_CORE_ERROR_NOT_FOUND;
+    answer["door"] = {
+        {"id", d->id}, {"name", d->name}, {"device", d->device}, {"status", d->status}};
+    return ORVEX_RET_SUCCESS;
 }
 
 int32_t GetBurner(const Request& r, const Site& site, json& answer) {
     const std::string device = TextMember(r.body, "device");
-    for (const Burner& b : site.burners) {
-        if (b.device == device) {
-            answer["burner"] = {{"device", b.device},
-                                {"name", b.name},
-                                {"drives", b.drives},
-                                {"state", b.state},
-                                {"channelMask", b.channelMask},
-                                {"burnerMask", b.burnerMask},
-                                {"discChanges", b.discChanges},
-                                {"caseId", b.caseId},
-                                {"caseIdLabel", b.caseIdLabel},
-                                {"recordName", b.recordName},
-                                {"recordPerson", b.recordPerson}};
-            return ORVEX_RET_SUCCESS;
-        }
+    const Burner* b = FindBy(site.burners, &Burner::device, device);
+    if (b == nullptr) {
+        return site.device(device) != nullptr ? ORVEX_CORE_ERROR_NOT_SUPPORTED
+                                              : ORVEX_CORE_ERROR_DEVICE_NOT_FOUND;
     }
-    return site.device(device) != nullptr ? ORVEX_CORE_ERROR_NOT_SUPPORTED
-                                          : ORVEX_CORE_ERROR_DEVICE_NOT_FOUND;
+    answer["burner"] = {{"device", b->device},
+                        {"name", b->name},
+                        {"drives", b->drives},
+                        {"state", b->state},
+                        {"channelMask", b->channelMask},
+                        {"burnerMask", b->burnerMask},
+                        {"discChanges", b->discChanges},
+                        {"caseId", b->caseId},
+                        {"caseIdLabel", b->caseIdLabel},
+                        {"recordName", b->recordName},
+                        {"recordPerson", b->recordPerson}};
+    return ORVEX_RET_SUCCESS;
 }
 
 // The CMS names the device or channel in "id"; the DMS asks for the camera of the call.

@@ -170,12 +170,8 @@ std::vector<Value> BayRecord(const Site& site, int32_t handle, const BayCamera& 
 
 void ReportBay(int32_t handle, const std::string& camera, const std::string& user, uint32_t n) {
     std::vector<Value> record = WithSite([&](Site& site) {
-        for (const BayCamera& bay : site.bays) {
-            if (bay.camera == camera) {
-                return BayRecord(site, handle, bay, user, n);
-            }
-        }
-        return std::vector<Value>{};
+        const BayCamera* bay = FindBy(site.bays, &BayCamera::camera, camera);
+        return bay != nullptr ? BayRecord(site, handle, *bay, user, n) : std::vector<Value>{};
     });
     if (!record.empty()) {
         PostEvent(CbKind::BayCarInfoEx, handle, std::move(record));
@@ -237,18 +233,17 @@ int32_t SetDoorCmd(int32_t handle, const SetDoorCmd_Request_t* request) {
         if (int32_t denied = MayOperate(in, site)) {
             return denied;
         }
-        for (Door& door : site.doors) {
-            if (door.id == request->szCameraId) {
-                const Device* controller = site.device(door.device);
-                if (door.status == Door_DisConn || controller == nullptr || !controller->online) {
-                    return int32_t{ORVEX_CORE_ERROR_DEVICE_OFFLINE};
-                }
-                door.status = next == kKeep ? door.status : next;
-                status = door.status;
-                return int32_t{ORVEX_RET_SUCCESS};
-            }
+        Door* door = FindBy(site.doors, &Door::id, std::string(request->szCameraId));
+        if (door == nullptr) {
+            return int32_t{ORVEX_CORE_ERROR_CHANNEL_NOT_FOUND};
         }
-        return int32_t{ORVEX_CORE_ERROR_CHANNEL_NOT_FOUND};
+        const Device* controller = site.device(door->device);
+        if (door->status == Door_DisConn || controller == nullptr || !controller->online) {
+            return int32_t{ORVEX_CORE_ERROR_DEVICE_OFFLINE};
+        }
+        door->status = next == kKeep ? door->status : next;
+        status = door->status;
+        return int32_t{ORVEX_RET_SUCCESS};
     });
     if (rc == ORVEX_RET_SUCCESS) {
         const int64_t now = NowSeconds();

@@ -15,13 +15,12 @@ int32_t ReachBurner(Site& site, const char* deviceId, Burner** out) {
     if (device == nullptr) {
         return ORVEX_CORE_ERROR_DEVICE_NOT_FOUND;
     }
-    for (Burner& b : site.burners) {
-        if (b.device == deviceId) {
-            *out = &b;
-            return device->online ? ORVEX_RET_SUCCESS : ORVEX_CORE_ERROR_DEVICE_OFFLINE;
-        }
+    Burner* b = FindBy(site.burners, &Burner::device, deviceId);
+    if (b == nullptr) {
+        return ORVEX_CORE_ERROR_NOT_SUPPORTED;
     }
-    return ORVEX_CORE_ERROR_NOT_SUPPORTED;
+    *out = b;
+    return device->online ? ORVEX_RET_SUCCESS : ORVEX_CORE_ERROR_DEVICE_OFFLINE;
 }
 
 // A mask that is not empty and names only bits below `count`.

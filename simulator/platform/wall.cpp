@@ -43,13 +43,12 @@ int32_t OnWall(int32_t handle, uint32_t wallId, F f) {
 template <typename F>
 int32_t OnScreen(int32_t handle, uint32_t wallId, uint32_t screenId, F f) {
     return OnWall(handle, wallId, [&](Site& site, Wall& wall) -> int32_t {
-        for (WallScreen& screen : wall.screens) {
-            if (screen.id == screenId) {
-                const int32_t rc = DecoderReachable(site, screen);
-                return rc != ORVEX_RET_SUCCESS ? rc : f(site, screen);
-            }
+        WallScreen* screen = FindBy(wall.screens, &WallScreen::id, screenId);
+        if (screen == nullptr) {
+            return ORVEX_CORE_ERROR_NOT_FOUND;
         }
-        return ORVEX_CORE_ERROR_NOT_FOUND;
+        const int32_t rc = DecoderReachable(site, *screen);
+        return rc != ORVEX_RET_SUCCESS ? rc : f(site, *screen);
     });
 }
 
