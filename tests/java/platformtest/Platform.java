@@ -168,11 +168,7 @@ final class Platform {
         }
 
         Event next() throws InterruptedException {
-            Event e = events.poll(5, TimeUnit.SECONDS);
-            if (e == null) {
-                throw new AssertionError("no status event within 5 s");
-            }
-            return e;
+            return Platform.next(events);
         }
 
         List<Event> pending() {
