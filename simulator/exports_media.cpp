@@ -8,6 +8,7 @@
 #include "ORVEX_Core_Error.h"
 #include "platform/media_engine.h"
 #include "platform/media_records.h"
+#include "platform/records.h"
 #include "sim_control.h"
 #include "sim_core.h"
 #include "sim_exports.h"
@@ -16,15 +17,10 @@ using orvexsim::Address;
 using orvexsim::CallRecord;
 using orvexsim::OutRecords;
 namespace platform = orvexsim::platform;
+using platform::FixedText;
 using platform::StreamKind;
 
 namespace {
-
-// The text of a fixed-size member, which a caller may have filled to the last byte.
-template <std::size_t N>
-std::string FixedText(const char (&member)[N]) {
-    return std::string(member, strnlen(member, N));
-}
 
 std::string Text(const char* s) {
     return s != nullptr ? s : "";

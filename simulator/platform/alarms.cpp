@@ -339,8 +339,8 @@ int32_t GetAlarmSchemeList(int32_t handle, AlarmSchemeInfo_t* list, int32_t capa
 
 int32_t SaveAlarmScheme(int32_t handle, const AlarmSchemeInfo_t* scheme) {
     return WithInstance(handle, true, [&](Instance& in, Site& site) {
-        if (!MayOperate(in, site)) {
-            return static_cast<int32_t>(ORVEX_CORE_ERROR_NO_PERMISSION);
+        if (int32_t rc = MayOperate(in, site)) {
+            return rc;
         }
         if (scheme == nullptr || FixedText(scheme->schemeName).empty() ||
             (scheme->status != ALARM_SCHEME_STATUS_CLOSE &&

@@ -6,7 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "service_util.h"
+#include "site_model.h"
 
 namespace orvexsim::platform {
 namespace {
@@ -80,61 +80,56 @@ int32_t GetWall(const Request& r, const Site& site, json& answer) {
     if (id == r.body.end() || !id->is_number_integer()) {
         return ORVEX_CORE_ERROR_INVALID_PARAM;
     }
-    for (const Wall& w : site.walls) {
-        if (w.id == id->get<int64_t>()) {
-            json screens = json::array();
-            for (const WallScreen& s : w.screens) {
-                json windows = json::array();
-                for (const WallScreen::Window& win : s.windows) {
-                    windows.push_back(WindowJson(win));
-                }
-                screens.push_back({{"id", s.id},
-                                   {"decoder", s.decoder},
-                                   {"split", s.split},
-                                   {"windows", std::move(windows)}});
-            }
-            answer["wall"] = {{"id", w.id},
-                              {"name", w.name},
-                              {"state", w.state},
-                              {"screens", std::move(screens)}};
-            return ORVEX_RET_SUCCESS;
-        }
+    const Wall* w = FindBy(site.walls, &Wall::id, id->get<int64_t>());
+    if (w == nullptr) {
+        return ORVEX_CORE_ERROR_NOT_FOUND;
     }
-    return ORVEX_CORE_ERROR_NOT_FOUND;
+    json screens = json::array();
+    for (const WallScreen& s : w->screens) {
+        json windows = json::array();
+        for (const WallScreen::Window& win : s.windows) {
+            windows.push_back(WindowJson(win));
+        }
+        screens.push_back({{"id", s.id},
+                           {"decoder", s.decoder},
+                           {"split", s.split},
+                           {"windows", std::move(windows)}});
+    }
+    answer["wall"] = {
+        {"id", w->id}, {"name", w->name}, {"state", w->state}, {"screens", std::move(screens)}};
+    return ORVEX_RET_SUCCESS;
 }
 
 int32_t GetDoor(const Request& r, const Site& site, json& answer) {
     const std::string id = TextMember(r.body, "id");
-    for (const Door& d : site.doors) {
-        if (d.id == id) {
-            answer["door"] = {
-                {"id", d.id}, {"name", d.name}, {"device", d.device}, {"status", d.status}};
-            return ORVEX_RET_SUCCESS;
-        }
+    const Door* d = FindBy(site.doors, &Door::id, id);
+    if (d == nullptr) {
+        return ORVEX_CORE_ERROR_NOT_FOUND;
     }
-    return ORVEX_CORE_ERROR_NOT_FOUND;
+    answer["door"] = {
+        {"id", d->id}, {"name", d->name}, {"device", d->device}, {"status", d->status}};
+    return ORVEX_RET_SUCCESS;
 }
 
 int32_t GetBurner(const Request& r, const Site& site, json& answer) {
     const std::string device = TextMember(r.body, "device");
-    for (const Burner& b : site.burners) {
-        if (b.device == device) {
-            answer["burner"] = {{"device", b.device},
-                                {"name", b.name},
-                                {"drives", b.drives},
-                                {"state", b.state},
-                                {"channelMask", b.channelMask},
-                                {"burnerMask", b.burnerMask},
-                                {"discChanges", b.discChanges},
-                                {"caseId", b.caseId},
-                                {"caseIdLabel", b.caseIdLabel},
-                                {"recordName", b.recordName},
-                                {"recordPerson", b.recordPerson}};
-            return ORVEX_RET_SUCCESS;
-        }
+    const Burner* b = FindBy(site.burners, &Burner::device, device);
+    if (b == nullptr) {
+        return site.device(device) != nullptr ? ORVEX_CORE_ERROR_NOT_SUPPORTED
+                                              : ORVEX_CORE_ERROR_DEVICE_NOT_FOUND;
     }
-    return site.device(device) != nullptr ? ORVEX_CORE_ERROR_NOT_SUPPORTED
-                                          : ORVEX_CORE_ERROR_DEVICE_NOT_FOUND;
+    answer["burner"] = {{"device", b->device},
+                        {"name", b->name},
+                        {"drives", b->drives},
+                        {"state", b->state},
+                        {"channelMask", b->channelMask},
+                        {"burnerMask", b->burnerMask},
+                        {"discChanges", b->discChanges},
+                        {"caseId", b->caseId},
+                        {"caseIdLabel", b->caseIdLabel},
+                        {"recordName", b->recordName},
+                        {"recordPerson", b->recordPerson}};
+    return ORVEX_RET_SUCCESS;
 }
 
 // The CMS names the device or channel in "id"; the DMS asks for the camera of the call.
@@ -250,11 +245,13 @@ int32_t CommandToBuffer(int32_t handle, const char* text, int32_t module, const 
     int32_t rc = Answer(handle, text, module, camera, &answer);
     // The capacity is only the platform's bound: the caller's buffer may be smaller, so nothing
     // is written past the answer's terminator.
-    if (WriteText(Dump(answer), buffer, capacity, Rest::Untouched) != ORVEX_RET_SUCCESS) {
+    if (WriteText(buffer, static_cast<int64_t>(capacity), Dump(answer), TextFit::WholeOnly) !=
+        ORVEX_RET_SUCCESS) {
         rc = ORVEX_CORE_ERROR_BUFFER_TOO_SMALL;
         const json tooLong = {
             {"cmd", answer.value("cmd", "")}, {"result", rc}, {"error", ORVEX_ErrorMessage(rc)}};
-        if (WriteText(Dump(tooLong), buffer, capacity, Rest::Untouched) != ORVEX_RET_SUCCESS) {
+        if (WriteText(buffer, static_cast<int64_t>(capacity), Dump(tooLong), TextFit::WholeOnly) !=
+            ORVEX_RET_SUCCESS) {
             buffer[0] = '\0';
         }
     }
@@ -288,8 +285,7 @@ int32_t GeneralJsonTransport(int32_t handle, const char* text, int32_t module, i
         Answer(handle, text, module, camera, &answer);
         answer["module"] = module;
         answer["tranType"] = GENERALJSON_TRAN_RESPONSE;
-        PostEvent(CbKind::GeneralJsonTransport, handle,
-                  {IntArg(handle), TextArg(Dump(answer))});
+        PostEvent(CbKind::GeneralJsonTransport, handle, {IntArg(handle), TextArg(Dump(answer))});
     }
     return ORVEX_RET_SUCCESS;
 }
@@ -364,7 +360,7 @@ int32_t SendOSDInfo(int32_t handle, const Send_OSDInfo_t* info) {
         return ORVEX_CORE_ERROR_INVALID_PARAM;
     }
     return WithInstance(handle, true, [&](Instance& in, Site& site) {
-        if (int32_t rc = MayOperate(site, in)) {
+        if (int32_t rc = MayOperate(in, site)) {
             return rc;
         }
         const Device* owner = site.device(info->szDevId);

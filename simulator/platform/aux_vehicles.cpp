@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "service_util.h"
+#include "site_model.h"
 
 namespace orvexsim::platform {
 namespace {
@@ -35,10 +35,6 @@ const std::pair<int32_t, int32_t>* DoorCommand(int32_t cmd) {
     return nullptr;
 }
 
-std::string Attribute(const char* name, const std::string& value) {
-    return std::string(" ") + name + "=\"" + XmlEscaped(value) + "\"";
-}
-
 std::string Number(const char* format, double value) {
     char text[64];
     std::snprintf(text, sizeof text, format, value);
@@ -55,28 +51,29 @@ std::string LinkResourceXml(const Site& site) {
         for (const Channel& c : d.channels) {
             std::string links;
             for (const AlarmInput& in : d.alarmInputs) {
-                links += "    <AlarmInput" + Attribute("id", in.id) + Attribute("name", in.name) +
-                         "/>\n";
+                links += "    <AlarmInput" + Attr("id", in.id, XmlQuotes::All) +
+                         Attr("name", in.name, XmlQuotes::All) + "/>\n";
             }
             for (const AlarmSource& s : site.alarmSources) {
                 if (s.id == c.id) {
-                    links += "    <AlarmSource" + Attribute("type", std::to_string(s.type)) +
-                             Attribute("name", s.name) + "/>\n";
+                    links += "    <AlarmSource" +
+                             Attr("type", std::to_string(s.type), XmlQuotes::All) +
+                             Attr("name", s.name, XmlQuotes::All) + "/>\n";
                 }
             }
             for (const BayCamera& b : site.bays) {
                 if (b.camera == c.id) {
-                    links += "    <Bay" + Attribute("name", b.bay) + "/>\n";
+                    links += "    <Bay" + Attr("name", b.bay, XmlQuotes::All) + "/>\n";
                 }
             }
             for (const PeopleCount& p : site.peopleCounts) {
                 if (p.camera == c.id) {
-                    links += "    <PeopleCount" + Attribute("rule", p.rule) + "/>\n";
+                    links += "    <PeopleCount" + Attr("rule", p.rule, XmlQuotes::All) + "/>\n";
                 }
             }
             if (!links.empty()) {
-                xml += "  <Camera" + Attribute("id", c.id) + Attribute("name", c.name) + ">\n" +
-                       links + "  </Camera>\n";
+                xml += "  <Camera" + Attr("id", c.id, XmlQuotes::All) +
+                       Attr("name", c.name, XmlQuotes::All) + ">\n" + links + "  </Camera>\n";
             }
         }
     }
@@ -85,17 +82,17 @@ std::string LinkResourceXml(const Site& site) {
 
 std::string GpsXml(const Site& site) {
     std::string xml = std::string(kXmlDeclaration) + "<GpsStatusList" +
-                      Attribute("count", std::to_string(site.gps.size())) + ">\n";
+                      Attr("count", std::to_string(site.gps.size()), XmlQuotes::All) + ">\n";
     for (const GpsPosition& g : site.gps) {
         const Device* d = site.device(g.device);
-        xml += "  <GpsStatus" + Attribute("deviceId", g.device) +
-               Attribute("deviceName", d != nullptr ? d->name : "") +
-               Attribute("online", d != nullptr && d->online ? "1" : "0") +
-               Attribute("latitude", Number("%.6f", g.latitude)) +
-               Attribute("longitude", Number("%.6f", g.longitude)) +
-               Attribute("speed", Number("%.1f", g.speed)) +
-               Attribute("direction", std::to_string(g.direction)) +
-               Attribute("time", std::to_string(g.time)) + "/>\n";
+        xml += "  <GpsStatus" + Attr("deviceId", g.device, XmlQuotes::All) +
+               Attr("deviceName", d != nullptr ? d->name : "", XmlQuotes::All) +
+               Attr("online", d != nullptr && d->online ? "1" : "0", XmlQuotes::All) +
+               Attr("latitude", Number("%.6f", g.latitude), XmlQuotes::All) +
+               Attr("longitude", Number("%.6f", g.longitude), XmlQuotes::All) +
+               Attr("speed", Number("%.1f", g.speed), XmlQuotes::All) +
+               Attr("direction", std::to_string(g.direction), XmlQuotes::All) +
+               Attr("time", std::to_string(g.time), XmlQuotes::All) + "/>\n";
     }
     return xml + "</GpsStatusList>\n";
 }
@@ -117,7 +114,8 @@ int32_t FetchText(int32_t handle, std::string Instance::*kept, std::string (*mak
         return ORVEX_CORE_ERROR_INVALID_PARAM;
     }
     return WithInstance(handle, true, [&](Instance& in, Site& site) {
-        return WriteText((in.*kept).empty() ? make(site) : in.*kept, buffer, capacity);
+        return WriteText(buffer, static_cast<int64_t>(capacity),
+                         (in.*kept).empty() ? make(site) : in.*kept, TextFit::WholeClearRest);
     });
 }
 
@@ -172,12 +170,8 @@ std::vector<Value> BayRecord(const Site& site, int32_t handle, const BayCamera& 
 
 void ReportBay(int32_t handle, const std::string& camera, const std::string& user, uint32_t n) {
     std::vector<Value> record = WithSite([&](Site& site) {
-        for (const BayCamera& bay : site.bays) {
-            if (bay.camera == camera) {
-                return BayRecord(site, handle, bay, user, n);
-            }
-        }
-        return std::vector<Value>{};
+        const BayCamera* bay = FindBy(site.bays, &BayCamera::camera, camera);
+        return bay != nullptr ? BayRecord(site, handle, *bay, user, n) : std::vector<Value>{};
     });
     if (!record.empty()) {
         PostEvent(CbKind::BayCarInfoEx, handle, std::move(record));
@@ -213,12 +207,7 @@ std::vector<PeopleCountSample> CountRows(const PeopleCount& count, uint32_t star
 }
 
 const PeopleCount* CountOf(const Site& site, const std::string& camera) {
-    for (const PeopleCount& p : site.peopleCounts) {
-        if (p.camera == camera) {
-            return &p;
-        }
-    }
-    return nullptr;
+    return FindBy(site.peopleCounts, &PeopleCount::camera, camera);
 }
 
 // The open query `seq` of the instance, for the same camera; null with the result otherwise.
@@ -241,28 +230,27 @@ int32_t SetDoorCmd(int32_t handle, const SetDoorCmd_Request_t* request) {
     const int32_t next = DoorCommand(request->cmd)->second;
     int32_t status = 0;
     const int32_t rc = WithInstance(handle, true, [&](Instance& in, Site& site) {
-        if (int32_t denied = MayOperate(site, in)) {
+        if (int32_t denied = MayOperate(in, site)) {
             return denied;
         }
-        for (Door& door : site.doors) {
-            if (door.id == request->szCameraId) {
-                const Device* controller = site.device(door.device);
-                if (door.status == Door_DisConn || controller == nullptr || !controller->online) {
-                    return int32_t{ORVEX_CORE_ERROR_DEVICE_OFFLINE};
-                }
-                door.status = next == kKeep ? door.status : next;
-                status = door.status;
-                return int32_t{ORVEX_RET_SUCCESS};
-            }
+        Door* door = FindBy(site.doors, &Door::id, std::string(request->szCameraId));
+        if (door == nullptr) {
+            return int32_t{ORVEX_CORE_ERROR_CHANNEL_NOT_FOUND};
         }
-        return int32_t{ORVEX_CORE_ERROR_CHANNEL_NOT_FOUND};
+        const Device* controller = site.device(door->device);
+        if (door->status == Door_DisConn || controller == nullptr || !controller->online) {
+            return int32_t{ORVEX_CORE_ERROR_DEVICE_OFFLINE};
+        }
+        door->status = next == kKeep ? door->status : next;
+        status = door->status;
+        return int32_t{ORVEX_RET_SUCCESS};
     });
     if (rc == ORVEX_RET_SUCCESS) {
         const int64_t now = NowSeconds();
         for (const Session& s : LoggedInSessions()) {
-            PostEvent(CbKind::PecDoorStatus, s.handle,
-                      {IntArg(s.handle), TextArg(request->szCameraId), IntArg(status),
-                       IntArg(now)});
+            PostEvent(
+                CbKind::PecDoorStatus, s.handle,
+                {IntArg(s.handle), TextArg(request->szCameraId), IntArg(status), IntArg(now)});
         }
     }
     return rc;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "service_util.h"
+#include "site_model.h"
 
 namespace orvexsim::platform {
 namespace {
@@ -15,13 +15,12 @@ int32_t ReachBurner(Site& site, const char* deviceId, Burner** out) {
     if (device == nullptr) {
         return ORVEX_CORE_ERROR_DEVICE_NOT_FOUND;
     }
-    for (Burner& b : site.burners) {
-        if (b.device == deviceId) {
-            *out = &b;
-            return device->online ? ORVEX_RET_SUCCESS : ORVEX_CORE_ERROR_DEVICE_OFFLINE;
-        }
+    Burner* b = FindBy(site.burners, &Burner::device, deviceId);
+    if (b == nullptr) {
+        return ORVEX_CORE_ERROR_NOT_SUPPORTED;
     }
-    return ORVEX_CORE_ERROR_NOT_SUPPORTED;
+    *out = b;
+    return device->online ? ORVEX_RET_SUCCESS : ORVEX_CORE_ERROR_DEVICE_OFFLINE;
 }
 
 // A mask that is not empty and names only bits below `count`.
@@ -64,7 +63,7 @@ int32_t ControlDevBurner(int32_t handle, const Control_Dev_Burner_Request_t* req
     }
     return WithInstance(handle, true, [&](Instance& in, Site& site) {
         Burner* b = nullptr;
-        int32_t rc = MayOperate(site, in);
+        int32_t rc = MayOperate(in, site);
         if (rc == ORVEX_RET_SUCCESS) {
             rc = ReachBurner(site, request->deviceId, &b);
         }
@@ -109,7 +108,7 @@ int32_t SetDevBurnerHeader(int32_t handle, const DevBurnerInfoHeader_t* header,
     }
     return WithInstance(handle, true, [&](Instance& in, Site& site) {
         Burner* b = nullptr;
-        int32_t rc = MayOperate(site, in);
+        int32_t rc = MayOperate(in, site);
         if (rc == ORVEX_RET_SUCCESS) {
             rc = ReachBurner(site, h.m_deviceId, &b);
         }

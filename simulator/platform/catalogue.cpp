@@ -69,32 +69,32 @@ int32_t Loaded(Instance& in, std::string text, int32_t* textLen) {
 
 void FillGroup(const Department& d, Dep_Info_t* out) {
     std::memset(out, 0, sizeof *out);
-    Put(out->szCoding, d.coding);
-    Put(out->szDepName, d.name);
+    CopyText(out->szCoding, d.coding);
+    CopyText(out->szDepName, d.name);
     out->nDepSort = d.sort;
-    Put(out->szOrgID, d.orgId);
+    CopyText(out->szOrgID, d.orgId);
 }
 
 void FillChannel(const Channel& c, Enc_Channel_Info_t* out) {
     std::memset(out, 0, sizeof *out);
     out->nCameraType = static_cast<orvex_camera_type_e>(c.cameraType);
-    Put(out->szId, c.id);
-    Put(out->szName, c.name);
+    CopyText(out->szId, c.id);
+    CopyText(out->szName, c.name);
     out->nSort = c.sort;
 }
 
 void FillLogic(const LogicDepartment& d, Dep_Info_Ex_t* out) {
     std::memset(out, 0, sizeof *out);
-    Put(out->szCoding, d.coding);
-    Put(out->szDepName, d.name);
-    Put(out->szModifyTime, d.modifyTime);
-    Put(out->szSN, d.sn);
-    Put(out->szMemo, d.memo);
+    CopyText(out->szCoding, d.coding);
+    CopyText(out->szDepName, d.name);
+    CopyText(out->szModifyTime, d.modifyTime);
+    CopyText(out->szSN, d.sn);
+    CopyText(out->szMemo, d.memo);
     out->nDepType = d.type;
     out->nDepSort = d.sort;
     out->nChargebooth = d.chargebooth;
     out->nDepExtType = d.extType;
-    Put(out->szOrgID, d.orgId);
+    CopyText(out->szOrgID, d.orgId);
 }
 
 // Fills at most `capacity` records of `items` into `out` and reports how many it wrote; a
@@ -118,7 +118,7 @@ int32_t ChannelList(int32_t handle, GetInfo* info, Record* GetInfo::*array, Fill
         if (info == nullptr) {
             return ORVEX_CORE_ERROR_INVALID_PARAM;
         }
-        const Device* d = site.device(Get(info->szDeviceId));
+        const Device* d = site.device(FixedText(info->szDeviceId));
         if (d == nullptr) {
             return ORVEX_CORE_ERROR_DEVICE_NOT_FOUND;
         }
@@ -134,7 +134,7 @@ int32_t WithGroup(int32_t handle, Info* info, F f) {
         if (info == nullptr) {
             return ORVEX_CORE_ERROR_INVALID_PARAM;
         }
-        const std::string coding = Get(info->szCoding);
+        const std::string coding = FixedText(info->szCoding);
         return site.department(coding) == nullptr ? ORVEX_CORE_ERROR_GROUP_NOT_FOUND
                                                   : f(site, coding);
     });
@@ -156,47 +156,47 @@ int32_t WithLogic(int32_t handle, const char* coding, F f) {
 
 void FillDevice(const Device& d, Device_Info_Ex_t* out) {
     std::memset(out, 0, sizeof *out);
-    Put(out->szId, d.id);
-    Put(out->szName, d.name);
+    CopyText(out->szId, d.id);
+    CopyText(out->szName, d.name);
     out->nFactory = static_cast<orvex_device_factory_type_e>(d.factory);
     out->szModel = d.model;
-    Put(out->szUser, d.user);
-    Put(out->szPassword, d.password);
-    Put(out->szIP, d.ip);
+    CopyText(out->szUser, d.user);
+    CopyText(out->szPassword, d.password);
+    CopyText(out->szIP, d.ip);
     out->nDevType = static_cast<orvex_dev_type_e>(d.type);
     out->nPort = d.port;
     out->szLoginType = d.loginType;
-    Put(out->szRegID, d.regId);
+    CopyText(out->szRegID, d.regId);
     out->nProxyPort = d.proxyPort;
     out->nUnitNum = d.unitNum;
     out->nStatus = static_cast<orvex_dev_status_e>(Online(d.online));
-    Put(out->szCN, d.cn);
-    Put(out->szSN, d.sn);
+    CopyText(out->szCN, d.cn);
+    CopyText(out->szSN, d.sn);
     out->nRight = d.right;
-    Put(out->szDevIP, d.devIp);
+    CopyText(out->szDevIP, d.devIp);
     out->nDevPort = d.devPort;
-    Put(out->dev_Maintainer, d.maintainer);
-    Put(out->dev_MaintainerPh, d.maintainerPhone);
-    Put(out->dev_Location, d.location);
-    Put(out->desc, d.desc);
+    CopyText(out->dev_Maintainer, d.maintainer);
+    CopyText(out->dev_MaintainerPh, d.maintainerPhone);
+    CopyText(out->dev_Location, d.location);
+    CopyText(out->desc, d.desc);
     out->nEncChannelChildCount = static_cast<int>(d.channels.size());
     out->iAlarmInChannelcount = static_cast<int>(d.alarmInputs.size());
     out->nSort = d.sort;
-    Put(out->szCallNum, d.callNum);
+    CopyText(out->szCallNum, d.callNum);
 }
 
 void FillChannelEx(const Device& owner, const Channel& c, Enc_Channel_Info_Ex_t* out) {
     std::memset(out, 0, sizeof *out);
     out->nCameraType = static_cast<orvex_camera_type_e>(c.cameraType);
-    Put(out->szId, c.id);
-    Put(out->szName, c.name);
+    CopyText(out->szId, c.id);
+    CopyText(out->szName, c.name);
     out->nRight = c.right;
     out->nChnlType = c.chnlType;
     out->nStatus = Online(owner.online && c.online);
-    Put(out->szChnlSN, c.sn);
-    Put(out->szLatitude, c.latitude);
-    Put(out->szLongitude, c.longitude);
-    Put(out->szMulticastIp, c.multicastIp);
+    CopyText(out->szChnlSN, c.sn);
+    CopyText(out->szLatitude, c.latitude);
+    CopyText(out->szLongitude, c.longitude);
+    CopyText(out->szMulticastIp, c.multicastIp);
     out->nMulticastPort = c.multicastPort;
 }
 
@@ -235,7 +235,7 @@ int32_t LoadTreeLayered(int32_t handle, const Load_Dep_Info_t* info, int32_t* te
         if (info == nullptr || textLen == nullptr) {
             return ORVEX_CORE_ERROR_INVALID_PARAM;
         }
-        const Department* d = site.department(Get(info->szCoding));
+        const Department* d = site.department(FixedText(info->szCoding));
         if (d == nullptr) {
             return ORVEX_CORE_ERROR_GROUP_NOT_FOUND;
         }
@@ -254,7 +254,7 @@ int32_t LoadTreeLayered(int32_t handle, const Load_Dep_Info_t* info, int32_t* te
 
 int32_t GetTreeText(int32_t handle, char* buffer, int32_t len) {
     return WithTree(handle, [=](Instance& in, Site&) -> int32_t {
-        return WriteText(buffer, len, in.treeText);
+        return WriteText(buffer, len, in.treeText, TextFit::Cut);
     });
 }
 
@@ -360,7 +360,7 @@ int32_t GetDevStreamType(int32_t handle, Get_Dev_StreamType_Info_t* info) {
         if (info == nullptr) {
             return ORVEX_CORE_ERROR_INVALID_PARAM;
         }
-        const Device* d = site.device(Get(info->szDeviceId));
+        const Device* d = site.device(FixedText(info->szDeviceId));
         if (d == nullptr) {
             return ORVEX_CORE_ERROR_DEVICE_NOT_FOUND;
         }

@@ -76,8 +76,8 @@ int32_t Admit(const Instance& in, Site& site, const std::string& id, bool needPt
     if (c == nullptr) {
         return ORVEX_CORE_ERROR_CHANNEL_NOT_FOUND;
     }
-    if (!MayOperate(in, site)) {
-        return ORVEX_CORE_ERROR_NO_PERMISSION;
+    if (int32_t rc = MayOperate(in, site)) {
+        return rc;
     }
     if (!owner->online || !c->online) {
         return ORVEX_CORE_ERROR_DEVICE_OFFLINE;
@@ -179,12 +179,7 @@ bool DirectionDelta(int32_t direct, Delta* d) {
 }
 
 Preset* FindPreset(Channel& c, uint32_t code) {
-    for (Preset& p : c.presets) {
-        if (p.code == code) {
-            return &p;
-        }
-    }
-    return nullptr;
+    return FindBy(c.presets, &Preset::code, code);
 }
 
 int32_t Switch(int32_t handle, const Ptz_Open_Command_Info_t* info, bool PtzSwitches::*which) {

@@ -66,14 +66,12 @@ class Obj {
 
     // A text; required when `def` is null.
     std::string text(const char* key, std::size_t maxLen, const char* def = nullptr) {
-        const json* v = get(key, def == nullptr);
+        const json* v = typed(key, def == nullptr, &json::is_string, "a string");
         std::string s = def != nullptr ? def : "";
         if (v == nullptr) {
             return s;
         }
-        if (!v->is_string()) {
-            p_.note(At(key), std::string("expected a string, found ") + TypeName(*v));
-        } else if (v->get_ref<const std::string&>().size() > maxLen) {
+        if (v->get_ref<const std::string&>().size() > maxLen) {
             p_.note(At(key),
                     "too long: " + std::to_string(v->get_ref<const std::string&>().size()) +
                         " bytes, at most " + std::to_string(maxLen));
@@ -85,12 +83,8 @@ class Obj {
 
     template <typename T>
     T integer(const char* key, T def, bool required = false) {
-        const json* v = get(key, required);
+        const json* v = typed(key, required, &json::is_number_integer, "an integer");
         if (v == nullptr) {
-            return def;
-        }
-        if (!v->is_number_integer()) {
-            p_.note(At(key), std::string("expected an integer, found ") + TypeName(*v));
             return def;
         }
         const bool fits =
@@ -109,39 +103,21 @@ class Obj {
     }
 
     bool flag(const char* key, bool def) {
-        const json* v = get(key, false);
-        if (v == nullptr) {
-            return def;
-        }
-        if (!v->is_boolean()) {
-            p_.note(At(key), std::string("expected true or false, found ") + TypeName(*v));
-            return def;
-        }
-        return v->get<bool>();
+        const json* v = typed(key, false, &json::is_boolean, "true or false");
+        return v != nullptr ? v->get<bool>() : def;
     }
 
     double number(const char* key, double def) {
-        const json* v = get(key, false);
-        if (v == nullptr) {
-            return def;
-        }
-        if (!v->is_number()) {
-            p_.note(At(key), std::string("expected a number, found ") + TypeName(*v));
-            return def;
-        }
-        return v->get<double>();
+        const json* v = typed(key, false, &json::is_number, "a number");
+        return v != nullptr ? v->get<double>() : def;
     }
 
     // An optional array, each element read by `each(element, itsPlace, problem)`.
     template <typename T, typename F>
     std::vector<T> list(const char* key, F each) {
         std::vector<T> out;
-        const json* v = get(key, false);
+        const json* v = typed(key, false, &json::is_array, "an array");
         if (v == nullptr) {
-            return out;
-        }
-        if (!v->is_array()) {
-            p_.note(At(key), std::string("expected an array, found ") + TypeName(*v));
             return out;
         }
         for (std::size_t k = 0; k < v->size() && !p_.found; ++k) {
@@ -184,6 +160,18 @@ class Obj {
     }
 
   private:
+    // The member when present and of the type `is` checks; otherwise null, and a wrong type is
+    // noted as not the `expected` one.
+    const json* typed(const char* key, bool required, bool (json::*is)() const noexcept,
+                      const char* expected) {
+        const json* v = get(key, required);
+        if (v != nullptr && !(v->*is)()) {
+            p_.note(At(key), std::string("expected ") + expected + ", found " + TypeName(*v));
+            return nullptr;
+        }
+        return v;
+    }
+
     const json* get(const char* key, bool required) {
         read_.insert(key);
         if (!j_.is_object()) {

@@ -179,8 +179,8 @@ int32_t Login(int32_t handle, const Login_Info_t* info) {
             return ORVEX_CORE_ERROR_ALREADY_LOGGED_IN;
         }
         // The server address is not checked: one simulated platform answers on any address.
-        const User* u = site.user(Get(info->szUsername));
-        if (u == nullptr || u->password != Get(info->szPassword)) {
+        const User* u = site.user(FixedText(info->szUsername));
+        if (u == nullptr || u->password != FixedText(info->szPassword)) {
             return ORVEX_CORE_ERROR_LOGIN_FAIL;
         }
         in.loggedIn = true;
@@ -189,11 +189,11 @@ int32_t Login(int32_t handle, const Login_Info_t* info) {
         return ORVEX_RET_SUCCESS;
     });
     if (rc == ORVEX_RET_SUCCESS) {
-        Note(handle, "logged in as " + Get(info->szUsername));
+        Note(handle, "logged in as " + FixedText(info->szUsername));
         PostEvent(CbKind::Status, handle, {IntArg(handle), IntArg(kStatusConnected)});
         NotifySessionStarted(handle);
     } else if (rc == ORVEX_CORE_ERROR_LOGIN_FAIL) {
-        Note(handle, "login refused for " + Get(info->szUsername));
+        Note(handle, "login refused for " + FixedText(info->szUsername));
         PostEvent(CbKind::Status, handle, {IntArg(handle), IntArg(kStatusLoginFailed)});
     }
     return rc;
@@ -230,8 +230,8 @@ int32_t GetUserInfo(int32_t handle, ORVEX_UserInfo_t* info) {
         info->iUserLevel = static_cast<int>(u.level);
         info->iUserOperFlag = u.operFlag;
         const Department* d = site.department(u.department);
-        Put(info->szCoding, u.department);
-        Put(info->szCodeName, d != nullptr ? d->name : "");
+        CopyText(info->szCoding, u.department);
+        CopyText(info->szCodeName, d != nullptr ? d->name : "");
         return ORVEX_RET_SUCCESS;
     });
 }
@@ -259,7 +259,7 @@ int32_t GetMapAddrInfo(int32_t handle, Config_Emap_Addr_Info_t* info) {
         if (info == nullptr) {
             return ORVEX_CORE_ERROR_INVALID_PARAM;
         }
-        Put(info->szIP, site.server.mapIp);
+        CopyText(info->szIP, site.server.mapIp);
         info->nPort = site.server.mapPort;
         return ORVEX_RET_SUCCESS;
     });
@@ -281,7 +281,7 @@ int32_t GetUserOrgInfo(int32_t handle, char* buffer, int32_t len) {
         if (buffer != nullptr && len >= 0 && static_cast<std::size_t>(len) <= text.size()) {
             return ORVEX_CORE_ERROR_BUFFER_TOO_SMALL;  // the terminator must fit
         }
-        return WriteText(buffer, len, text);
+        return WriteText(buffer, len, text, TextFit::Cut);
     });
 }
 

@@ -382,9 +382,9 @@ void CancelJob(int32_t handle, uint64_t id) {
 
 namespace orvexsim::platform {
 
-bool MayOperate(const Instance& in, const Site& site) {
+int32_t MayOperate(const Instance& in, const Site& site) {
     const User* u = site.user(in.userName);
-    return u != nullptr && u->operFlag;
+    return u != nullptr && u->operFlag ? ORVEX_RET_SUCCESS : ORVEX_CORE_ERROR_NO_PERMISSION;
 }
 
 std::vector<Session> LoggedInSessions() {

@@ -7,31 +7,47 @@
 
 namespace orvexsim::platform {
 
-const User* Site::user(const std::string& name) const {
-    for (const User& u : users) {
-        if (u.name == name) {
-            return &u;
+namespace {
+
+// The item of some device's `list` whose `key` equals `id`, with that device in `*owner`.
+template <typename Devices, typename List, typename Key, typename Owner>
+auto FindOnDevice(Devices& devices, List list, Key key, const std::string& id, Owner** owner)
+    -> decltype(FindBy(devices.front().*list, key, id)) {
+    for (auto& d : devices) {
+        if (auto* item = FindBy(d.*list, key, id)) {
+            if (owner != nullptr) {
+                *owner = &d;
+            }
+            return item;
         }
     }
     return nullptr;
+}
+
+// The departments (or logical ones) whose parent is `coding`; a root has none.
+template <typename Node>
+std::vector<const Node*> ChildrenOf(const std::vector<Node>& all, const std::string& coding) {
+    std::vector<const Node*> out;
+    for (const Node& d : all) {
+        if (!d.parent.empty() && d.parent == coding) {
+            out.push_back(&d);
+        }
+    }
+    return out;
+}
+
+}  // namespace
+
+const User* Site::user(const std::string& name) const {
+    return FindBy(users, &User::name, name);
 }
 
 const Department* Site::department(const std::string& coding) const {
-    for (const Department& d : departments) {
-        if (d.coding == coding) {
-            return &d;
-        }
-    }
-    return nullptr;
+    return FindBy(departments, &Department::coding, coding);
 }
 
 Device* Site::device(const std::string& id) {
-    for (Device& d : devices) {
-        if (d.id == id) {
-            return &d;
-        }
-    }
-    return nullptr;
+    return FindBy(devices, &Device::id, id);
 }
 
 const Device* Site::device(const std::string& id) const {
@@ -39,17 +55,7 @@ const Device* Site::device(const std::string& id) const {
 }
 
 Channel* Site::channel(const std::string& id, Device** owner) {
-    for (Device& d : devices) {
-        for (Channel& c : d.channels) {
-            if (c.id == id) {
-                if (owner != nullptr) {
-                    *owner = &d;
-                }
-                return &c;
-            }
-        }
-    }
-    return nullptr;
+    return FindOnDevice(devices, &Device::channels, &Channel::id, id, owner);
 }
 
 const Channel* Site::channel(const std::string& id, const Device** owner) const {
@@ -62,36 +68,15 @@ const Channel* Site::channel(const std::string& id, const Device** owner) const 
 }
 
 const AlarmInput* Site::alarmInput(const std::string& id, const Device** owner) const {
-    for (const Device& d : devices) {
-        for (const AlarmInput& a : d.alarmInputs) {
-            if (a.id == id) {
-                if (owner != nullptr) {
-                    *owner = &d;
-                }
-                return &a;
-            }
-        }
-    }
-    return nullptr;
+    return FindOnDevice(devices, &Device::alarmInputs, &AlarmInput::id, id, owner);
 }
 
 const LogicDepartment* Site::logicDepartment(const std::string& coding) const {
-    for (const LogicDepartment& d : logicOrg) {
-        if (d.coding == coding) {
-            return &d;
-        }
-    }
-    return nullptr;
+    return FindBy(logicOrg, &LogicDepartment::coding, coding);
 }
 
 std::vector<const Department*> Site::childDepartments(const std::string& coding) const {
-    std::vector<const Department*> out;
-    for (const Department& d : departments) {
-        if (!d.parent.empty() && d.parent == coding) {
-            out.push_back(&d);
-        }
-    }
-    return out;
+    return ChildrenOf(departments, coding);
 }
 
 std::vector<const Device*> Site::devicesOf(const std::string& coding) const {
@@ -105,13 +90,7 @@ std::vector<const Device*> Site::devicesOf(const std::string& coding) const {
 }
 
 std::vector<const LogicDepartment*> Site::logicChildren(const std::string& coding) const {
-    std::vector<const LogicDepartment*> out;
-    for (const LogicDepartment& d : logicOrg) {
-        if (!d.parent.empty() && d.parent == coding) {
-            out.push_back(&d);
-        }
-    }
-    return out;
+    return ChildrenOf(logicOrg, coding);
 }
 
 namespace {

@@ -15,15 +15,29 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <mutex>
 #include <string>
 #include <vector>
 
+#include "records.h"
 #include "sim_core.h"
 #include "site_view.h"
 
 namespace orvexsim::platform {
+
+// The first of `items` whose `key` member equals `value`; nullptr when there is none. Constant
+// items give a pointer to constant.
+template <typename Items, typename Member, typename Value>
+auto FindBy(Items& items, Member key, const Value& value) -> decltype(&*std::begin(items)) {
+    for (auto& item : items) {
+        if (item.*key == value) {
+            return &item;
+        }
+    }
+    return nullptr;
+}
 
 // ----- What a site holds
 
@@ -417,24 +431,12 @@ uint64_t RunJob(int32_t handle, JobScope scope, std::chrono::milliseconds first,
                 std::chrono::milliseconds period, std::function<void()> job);
 void CancelJob(int32_t handle, uint64_t id);
 
-// ----- Texts of library records, and operating rights
+// ----- Operating rights (texts of library records: records.h)
 
-// A text member of a library record: up to its first NUL, never beyond the member.
-template <std::size_t N>
-std::string FixedText(const char (&member)[N]) {
-    return std::string(member, strnlen(member, N));
-}
-// Writes `text` into a text member of a record, cut to fit, the rest of the member zeroed.
-template <std::size_t N>
-void CopyText(char (&member)[N], const std::string& text) {
-    const std::size_t n = std::min(text.size(), N - 1);
-    std::memcpy(member, text.data(), n);
-    std::memset(member + n, 0, N - n);
-}
-
-// Whether the instance's user may operate devices (move cameras, command alarm hosts, change
-// alarm configuration). Call with the platform mutex held.
-bool MayOperate(const Instance& in, const Site& site);
+// ORVEX_RET_SUCCESS when the instance's user may operate devices (move cameras, command alarm
+// hosts and walls, change alarm configuration), else ORVEX_CORE_ERROR_NO_PERMISSION. Call with the
+// platform mutex held.
+int32_t MayOperate(const Instance& in, const Site& site);
 
 // ----- Auxiliary services: events every logged-in user receives (shared videos, doors)
 

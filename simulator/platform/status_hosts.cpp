@@ -70,8 +70,9 @@ int32_t Length(int32_t handle, int32_t* len, Text text) {
 }
 
 int32_t Fetch(int32_t handle, char* buffer, int32_t len, Text text) {
-    return WithInstance(handle, true,
-                        [=](Instance&, Site& site) { return WriteText(buffer, len, text(site)); });
+    return WithInstance(handle, true, [=](Instance&, Site& site) {
+        return WriteText(buffer, len, text(site), TextFit::Cut);
+    });
 }
 
 }  // namespace
@@ -169,8 +170,8 @@ template <typename F>
 int32_t Command(int32_t handle, F f) {
     Reports reports;
     const int32_t rc = WithInstance(handle, true, [&](Instance& in, Site& site) {
-        return MayOperate(in, site) ? f(site, reports)
-                                    : static_cast<int32_t>(ORVEX_CORE_ERROR_NO_PERMISSION);
+        const int32_t denied = MayOperate(in, site);
+        return denied != ORVEX_RET_SUCCESS ? denied : f(site, reports);
     });
     Broadcast(reports);
     return rc;
@@ -187,12 +188,7 @@ void Transition(const AlarmOrigin& origin, bool before, bool after) {
 }
 
 AlarmHost* FindHost(Site& site, const std::string& device) {
-    for (AlarmHost& h : site.alarmHosts) {
-        if (h.device == device) {
-            return &h;
-        }
-    }
-    return nullptr;
+    return FindBy(site.alarmHosts, &AlarmHost::device, device);
 }
 
 // A device of the site that is no alarm host supports none of the host commands.

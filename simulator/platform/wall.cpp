@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-#include "service_util.h"
+#include "site_model.h"
 
 namespace orvexsim::platform {
 namespace {
@@ -12,21 +12,11 @@ namespace {
 using Window = WallScreen::Window;
 
 Wall* FindWall(Site& site, uint32_t id) {
-    for (Wall& w : site.walls) {
-        if (w.id == id) {
-            return &w;
-        }
-    }
-    return nullptr;
+    return FindBy(site.walls, &Wall::id, id);
 }
 
 Window* FindWindow(WallScreen& screen, uint32_t id) {
-    for (Window& w : screen.windows) {
-        if (w.id == id) {
-            return &w;
-        }
-    }
-    return nullptr;
+    return FindBy(screen.windows, &Window::id, id);
 }
 
 // A decoder that is offline cannot change what its screens show.
@@ -41,7 +31,7 @@ int32_t DecoderReachable(const Site& site, const WallScreen& screen) {
 template <typename F>
 int32_t OnWall(int32_t handle, uint32_t wallId, F f) {
     return WithInstance(handle, true, [&](Instance& in, Site& site) -> int32_t {
-        if (int32_t rc = MayOperate(site, in)) {
+        if (int32_t rc = MayOperate(in, site)) {
             return rc;
         }
         Wall* wall = FindWall(site, wallId);
@@ -53,13 +43,12 @@ int32_t OnWall(int32_t handle, uint32_t wallId, F f) {
 template <typename F>
 int32_t OnScreen(int32_t handle, uint32_t wallId, uint32_t screenId, F f) {
     return OnWall(handle, wallId, [&](Site& site, Wall& wall) -> int32_t {
-        for (WallScreen& screen : wall.screens) {
-            if (screen.id == screenId) {
-                const int32_t rc = DecoderReachable(site, screen);
-                return rc != ORVEX_RET_SUCCESS ? rc : f(site, screen);
-            }
+        WallScreen* screen = FindBy(wall.screens, &WallScreen::id, screenId);
+        if (screen == nullptr) {
+            return ORVEX_CORE_ERROR_NOT_FOUND;
         }
-        return ORVEX_CORE_ERROR_NOT_FOUND;
+        const int32_t rc = DecoderReachable(site, *screen);
+        return rc != ORVEX_RET_SUCCESS ? rc : f(site, *screen);
     });
 }
 

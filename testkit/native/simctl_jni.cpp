@@ -71,6 +71,17 @@ std::vector<Value> ToValues(JNIEnv* env, jobjectArray args) {
     return values;
 }
 
+// The callback kind and arguments of a fire request; false, with a Java exception pending, when
+// either is bad.
+bool FireRequest(JNIEnv* env, jstring kindName, jobjectArray args, CbKind* kind,
+                 std::vector<Value>* values) {
+    if (!Kind(env, kindName, kind)) {
+        return false;
+    }
+    *values = ToValues(env, args);
+    return !env->ExceptionCheck();
+}
+
 }  // namespace
 
 extern "C" {
@@ -172,11 +183,8 @@ JNIEXPORT jobjectArray JNICALL Java_simctl_SimControl_errors(JNIEnv* env, jclass
 JNIEXPORT jint JNICALL Java_simctl_SimControl_fire(JNIEnv* env, jclass, jstring kindName,
                                                    jint handle, jint seq, jobjectArray args) {
     CbKind kind;
-    if (!Kind(env, kindName, &kind)) {
-        return 0;
-    }
-    const std::vector<Value> values = ToValues(env, args);
-    if (env->ExceptionCheck()) {
+    std::vector<Value> values;
+    if (!FireRequest(env, kindName, args, &kind, &values)) {
         return 0;
     }
     int32_t result = 0;
@@ -192,11 +200,8 @@ JNIEXPORT jlong JNICALL Java_simctl_SimControl_fireMany(JNIEnv* env, jclass, jst
                                                         jint threads, jint eventsPerThread,
                                                         jint stampArg) {
     CbKind kind;
-    if (!Kind(env, kindName, &kind)) {
-        return 0;
-    }
-    const std::vector<Value> values = ToValues(env, args);
-    if (env->ExceptionCheck()) {
+    std::vector<Value> values;
+    if (!FireRequest(env, kindName, args, &kind, &values)) {
         return 0;
     }
     std::string error;

@@ -16,9 +16,10 @@
 #include "platform/aux.h"
 #include "platform/aux_vehicles.h"
 #include "platform/burner_disks.h"
-#include "platform/service_util.h"
+#include "platform/records.h"
 #include "platform/site_scenario.h"
 #include "platform/wall.h"
+#include "platform_login.h"
 #include "sim_control.h"
 
 namespace orvexsim::platform {
@@ -129,17 +130,8 @@ class Platform : public ::testing::Test {
     // A new instance logged in as `user` (empty: not logged in), with every event kind of this
     // file registered.
     int32_t Instance(const std::string& user) {
-        int32_t h = 0;
-        EXPECT_EQ(ORVEX_RET_SUCCESS, CreateInstance(&h));
+        const int32_t h = LoggedInInstance(user);
         handles_.push_back(h);
-        WithInstance(h, false, [&](platform::Instance& in, platform::Site& site) {
-            if (const User* u = site.user(user)) {
-                in.loggedIn = true;
-                in.userId = u->id;
-                in.userName = u->name;
-            }
-            return 0;
-        });
         setCallback(CbKind::PecDoorStatus, h, Address(OnDoor), nullptr);
         setCallback(CbKind::NVRChnlStatus, h, Address(OnNvr), nullptr);
         setCallback(CbKind::GeneralJsonTransport, h, Address(OnJson), nullptr);

@@ -22,6 +22,7 @@
 #include "platform/site_model.h"
 #include "platform/site_scenario.h"
 #include "platform/status_hosts.h"
+#include "platform_login.h"
 
 namespace orvexsim::platform {
 namespace {
@@ -83,14 +84,7 @@ int32_t OnNetHost(int32_t, char* device, int32_t zone, int32_t op, int32_t statu
 // A client instance logged in as one of the built-in site's users, receiving every event kind.
 class Session {
   public:
-    explicit Session(const std::string& user) {
-        EXPECT_EQ(ORVEX_RET_SUCCESS, CreateInstance(&h));
-        WithInstance(h, false, [&](Instance& in, Site& site) {
-            in.loggedIn = true;
-            in.userName = user;
-            in.userId = site.user(user)->id;
-            return 0;
-        });
+    explicit Session(const std::string& user) : h(LoggedInInstance(user)) {
         setCallback(CbKind::Alarm, h, reinterpret_cast<void*>(OnAlarm), &inbox);
         setCallback(CbKind::VideoAlarmHostStatus, h, reinterpret_cast<void*>(OnVideoHost), &inbox);
         setCallback(CbKind::NetAlarmHostStatus, h, reinterpret_cast<void*>(OnNetHost), &inbox);

@@ -6,8 +6,9 @@ import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
-import static platformtest.PlatformSession.TIMEOUT;
-import static platformtest.PlatformSession.text;
+import static platformtest.Platform.TIMEOUT;
+import static platformtest.Platform.fixed;
+import static platformtest.Platform.string;
 
 import com.zq.OrvexCore.AlarmIn_Channel_Info_t;
 import com.zq.OrvexCore.AlarmSchemeInfo_t;
@@ -30,6 +31,7 @@ import java.util.concurrent.LinkedBlockingQueue;
 import java.util.concurrent.TimeUnit;
 import org.junit.jupiter.api.Tag;
 import org.junit.jupiter.api.Test;
+import platformtest.Platform.User;
 
 /**
  * Alarms on the simulated platform, end to end through the bridge as a monitoring application
@@ -86,7 +88,7 @@ class AlarmsPlatformTest extends OnPlatform {
     }
 
 
-    static Listener listen(PlatformSession s) {
+    static Listener listen(User s) {
         Listener l = new Listener();
         assertEquals(0, IOrvexCore.ORVEX_SetORVEXAlarmCallback(s.handle, l));
         assertEquals(0, IOrvexCore.ORVEX_SetNetAlarmHostStatusCallback(s.handle, l));
@@ -94,32 +96,32 @@ class AlarmsPlatformTest extends OnPlatform {
         return l;
     }
 
-    static int enable(PlatformSession s, String device) {
+    static int enable(User s, String device) {
         Alarm_Enable_Info_t info = new Alarm_Enable_Info_t(1);
-        info.sources[0].szAlarmDevId = text(device, 64);
+        info.sources[0].szAlarmDevId = fixed(device, 64);
         return IOrvexCore.ORVEX_EnableAlarm(s.handle, info, TIMEOUT);
     }
 
-    static int send(PlatformSession s, String camera, int type, String message, long time) {
+    static int send(User s, String camera, int type, String message, long time) {
         Client_Alarm_Info_t a = new Client_Alarm_Info_t();
-        a.szCameraId = text(camera, 64);
+        a.szCameraId = fixed(camera, 64);
         a.enAlarmType = type;
         a.enStatus = 1;
         a.uAlarmTime = time;
-        a.szMsg = text(message, 4096);
+        a.szMsg = fixed(message, 4096);
         return IOrvexCore.ORVEX_SendAlarmToServer(s.handle, a, TIMEOUT);
     }
 
     static Alarm_Query_Info_t query(String camera, long start, long end) {
         Alarm_Query_Info_t q = new Alarm_Query_Info_t();
-        q.szCameraId = text(camera, 64);
+        q.szCameraId = fixed(camera, 64);
         q.uStartTime = start;
         q.uEndTime = end;
         return q;
     }
 
     /** The history's records for a query, read in pages of two, as "device/channel message". */
-    static List<String> history(PlatformSession s, Alarm_Query_Info_t q) {
+    static List<String> history(User s, Alarm_Query_Info_t q) {
         Return_Value_Info_t count = new Return_Value_Info_t();
         assertEquals(0, IOrvexCore.ORVEX_QueryAlarmCount(s.handle, q, count, TIMEOUT));
         List<String> out = new ArrayList<>();
@@ -127,9 +129,9 @@ class AlarmsPlatformTest extends OnPlatform {
             Alarm_Info_t page = new Alarm_Info_t(2);
             assertEquals(0, IOrvexCore.ORVEX_QueryAlarmInfo(s.handle, q, page, first, 2, TIMEOUT));
             for (int k = 0; k < page.nRetCount; k++) {
-                out.add(PlatformSession.text(page.pAlarmInfo[k].szDevId) + "/"
+                out.add(Platform.string(page.pAlarmInfo[k].szDevId) + "/"
                         + page.pAlarmInfo[k].uChannel + " "
-                        + PlatformSession.text(page.pAlarmInfo[k].szMessage));
+                        + Platform.string(page.pAlarmInfo[k].szMessage));
             }
         }
         assertEquals(count.nReturnValue, out.size(), "pages agree with the count");
@@ -139,8 +141,8 @@ class AlarmsPlatformTest extends OnPlatform {
     @Test
     void onlyEnabledSourcesAreDeliveredAndEveryAlarmIsInTheHistory() throws Exception {
         long t0 = 3_000_000_000L + System.nanoTime() % 1_000_000_000L; // this run's own span
-        try (PlatformSession watcher = PlatformSession.admin();
-                PlatformSession sender = PlatformSession.operator()) {
+        try (User watcher = User.admin();
+                User sender = User.operator()) {
             Listener l = listen(watcher);
             assertEquals(0, enable(watcher, "nvr-south-01"));
             assertEquals(1011, enable(watcher, "no-such-device"));
@@ -171,16 +173,16 @@ class AlarmsPlatformTest extends OnPlatform {
 
     @Test
     void schemesAreListedAndSaved() {
-        try (PlatformSession op = PlatformSession.operator()) {
+        try (User op = User.operator()) {
             Return_Value_Info_t count = new Return_Value_Info_t();
             assertEquals(0, IOrvexCore.ORVEX_GetAlarmSchemeCount(op.handle, count, TIMEOUT));
             assertTrue(count.nReturnValue >= 3, "the built-in schemes");
             AlarmSchemeInfo_t added = new AlarmSchemeInfo_t();
             String name = "Added " + System.nanoTime();
             added.status = 1;
-            added.schemeName = text(name, 256);
+            added.schemeName = fixed(name, 256);
             added.templateId = 42;
-            added.desc = text("from the end-to-end test", 512);
+            added.desc = fixed("from the end-to-end test", 512);
             assertEquals(0, IOrvexCore.ORVEX_SaveAlarmScheme(op.handle, added, TIMEOUT));
 
             Return_Value_Info_t now = new Return_Value_Info_t();
@@ -189,7 +191,7 @@ class AlarmsPlatformTest extends OnPlatform {
             AlarmSchemeInfo_t[] list = new AlarmSchemeInfo_t[now.nReturnValue];
             assertEquals(0, IOrvexCore.ORVEX_GetAlarmSchemeList(op.handle, list, TIMEOUT));
             AlarmSchemeInfo_t last = list[list.length - 1];
-            assertEquals(name, PlatformSession.text(last.schemeName));
+            assertEquals(name, Platform.string(last.schemeName));
             assertEquals(42, last.templateId);
             assertEquals(1, last.status);
 
@@ -202,7 +204,7 @@ class AlarmsPlatformTest extends OnPlatform {
         }
     }
 
-    static int net(PlatformSession s, String id, int operation) {
+    static int net(User s, String id, int operation) {
         return IOrvexCore.ORVEX_ControlNetAlarmHostCmd(
                 s.handle, id.getBytes(StandardCharsets.US_ASCII), operation, 0, 0L, 0L, TIMEOUT);
     }
@@ -211,9 +213,9 @@ class AlarmsPlatformTest extends OnPlatform {
     void anArmedZoneRaisesAnAlarmAndReportsItsState() throws Exception {
         String host = "alarmhost-01";
         byte[] hostId = host.getBytes(StandardCharsets.US_ASCII);
-        try (PlatformSession watcher = PlatformSession.admin();
-                PlatformSession op = PlatformSession.operator();
-                PlatformSession viewer = PlatformSession.viewer()) {
+        try (User watcher = User.admin();
+                User op = User.operator();
+                User viewer = User.viewer()) {
             Listener l = listen(watcher);
             assertEquals(0, enable(watcher, host));
             assertEquals(1007, net(viewer, host, 1));
@@ -244,7 +246,7 @@ class AlarmsPlatformTest extends OnPlatform {
             }
             assertEquals(0, IOrvexCore.ORVEX_GetNetAlarmHostStatus(op.handle, 4, held));
             for (int k = 0; k < 4; k++) {
-                assertEquals("alarmhost-01-in0" + (k + 1), PlatformSession.text(queried[k].szNodeID));
+                assertEquals("alarmhost-01-in0" + (k + 1), Platform.string(queried[k].szNodeID));
                 assertEquals(k == 1, queried[k].bDefend, "zone " + (k + 1));
                 assertEquals(k == 1 ? 1 : 0, queried[k].nAlarm);
                 assertEquals(queried[k].bDefend, held[k].bDefend);
@@ -260,16 +262,16 @@ class AlarmsPlatformTest extends OnPlatform {
     @Test
     void aRecordersAlarmInputsAreListedAndArmed() throws Exception {
         byte[] dvr = "dvr-station-01".getBytes(StandardCharsets.US_ASCII);
-        try (PlatformSession op = PlatformSession.operator()) {
+        try (User op = User.operator()) {
             Listener l = listen(op);
             Get_AlarmInChannel_Info_t inputs = new Get_AlarmInChannel_Info_t(6);
-            inputs.szDeviceId = text("dvr-station-01", 64);
+            inputs.szDeviceId = fixed("dvr-station-01", 64);
             assertEquals(0, IOrvexCore.ORVEX_GetAlarmInChannelInfo(op.handle, inputs));
             AlarmIn_Channel_Info_t second = inputs.pAlarmInChannelnfo[1];
-            assertEquals("dvr-station-01-in02", PlatformSession.text(second.szId));
-            assertEquals("Station recorder input 2", PlatformSession.text(second.szName));
+            assertEquals("dvr-station-01-in02", Platform.string(second.szId));
+            assertEquals("Station recorder input 2", Platform.string(second.szName));
             assertEquals(1, second.nStatus);
-            assertFalse(PlatformSession.text(inputs.pAlarmInChannelnfo[4].szId).length() > 0,
+            assertFalse(Platform.string(inputs.pAlarmInChannelnfo[4].szId).length() > 0,
                     "the recorder has four inputs");
 
             assertEquals(0, IOrvexCore.ORVEX_ControlVideoAlarmHost(op.handle, dvr, 2, 0, TIMEOUT));

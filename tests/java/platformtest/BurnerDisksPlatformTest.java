@@ -10,12 +10,13 @@ import com.zq.OrvexCore.IOrvexCore;
 import com.zq.OrvexCore.Return_Value_Info_t;
 import com.zq.OrvexCore.TrialFormAttrName_t;
 import org.junit.jupiter.api.Test;
+import platformtest.Platform.User;
 
 /** The evidence burner and recorder disks of the simulated platform, through the bridge. */
 class BurnerDisksPlatformTest extends OnPlatform {
-    private static int burner(SiteUser user, int cmd) {
+    private static int burner(User user, int cmd) {
         Control_Dev_Burner_Request_t r = new Control_Dev_Burner_Request_t();
-        r.deviceId = SiteUser.fixed("dvr-station-01", 63);
+        r.deviceId = Platform.fixed("dvr-station-01", 63);
         r.cmd = cmd;
         r.channelMask = 0b101;
         r.burnerMask = 0b11;
@@ -24,13 +25,13 @@ class BurnerDisksPlatformTest extends OnPlatform {
 
     @Test
     void aBurnRunsWithTheCaseHeaderSetBeforeIt() {
-        try (SiteUser op = SiteUser.login("operator", "operator123")) {
+        try (User op = User.operator()) {
             DevBurnerInfoHeader_t header = new DevBurnerInfoHeader_t();
-            header.m_deviceId = SiteUser.fixed("dvr-station-01", 31);
-            header.m_caseId = SiteUser.fixed("CASE-88", 63);
-            header.m_caseRecordName = SiteUser.fixed("Hearing", 255);
+            header.m_deviceId = Platform.fixed("dvr-station-01", 31);
+            header.m_caseId = Platform.fixed("CASE-88", 63);
+            header.m_caseRecordName = Platform.fixed("Hearing", 255);
             TrialFormAttrName_t labels = new TrialFormAttrName_t();
-            labels.m_caseIdAttr = SiteUser.fixed("Case no.", 31);
+            labels.m_caseIdAttr = Platform.fixed("Case no.", 31);
             assertEquals(0, IOrvexCore.ORVEX_SetDevBurnerHeader(op.handle, header, labels, 3000));
 
             assertEquals(0, burner(op, 1));  // start
@@ -47,25 +48,25 @@ class BurnerDisksPlatformTest extends OnPlatform {
             state = op.cms("{\"cmd\":\"getBurner\",\"device\":\"dvr-station-01\"}");
             assertTrue(state.contains("\"state\":0"), state);
         }
-        try (SiteUser viewer = SiteUser.login("viewer", "viewer123")) {
+        try (User viewer = User.viewer()) {
             assertEquals(1007, burner(viewer, 1));
         }
     }
 
     @Test
     void disksOfARecorderAreFetchedWithWhatTheCountReturned() {
-        try (SiteUser viewer = SiteUser.login("viewer", "viewer123")) {
+        try (User viewer = User.viewer()) {
             Return_Value_Info_t count = new Return_Value_Info_t();
             Return_Value_Info_t sequence = new Return_Value_Info_t();
             assertEquals(0, IOrvexCore.ORVEX_GetDeviceDiskInfoCount(viewer.handle,
-                    SiteUser.ascii("nvr-south-01"), count, sequence, 3000));
+                    Platform.text("nvr-south-01"), count, sequence, 3000));
             assertEquals(4, count.nReturnValue);
             assertEquals(4, sequence.nReturnValue);  // the bridge hands out the count twice
 
             Device_Disk_Info_t disks = new Device_Disk_Info_t(count.nReturnValue);
             assertEquals(0, IOrvexCore.ORVEX_GetDeviceDiskInfo(
                     viewer.handle, sequence.nReturnValue, count.nReturnValue, disks));
-            assertEquals("nvr-south-01", SiteUser.text(disks.szDevId));
+            assertEquals("nvr-south-01", Platform.string(disks.szDevId));
             assertEquals(4, disks.nDiskInfoSize);
             assertEquals(4, disks.pDiskInfoList[3].nDiskId);
             assertEquals(4000000, disks.pDiskInfoList[3].uVolume);
@@ -73,7 +74,7 @@ class BurnerDisksPlatformTest extends OnPlatform {
             assertEquals((char) 4, disks.pDiskInfoList[3].diskNum);
 
             assertEquals(1014, IOrvexCore.ORVEX_GetDeviceDiskInfoCount(viewer.handle,
-                    SiteUser.ascii("ipc-gate-02"), count, sequence, 3000));
+                    Platform.text("ipc-gate-02"), count, sequence, 3000));
         }
     }
 }

@@ -6,14 +6,14 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
+import static platformtest.Platform.TIMEOUT;
+import static platformtest.Platform.fixed;
 
 import com.zq.OrvexCore.Audio_Fun_Info_t;
 import com.zq.OrvexCore.Get_RealStream_Info_t;
 import com.zq.OrvexCore.Get_TalkStream_Info_t;
 import com.zq.OrvexCore.IOrvexCore;
-import com.zq.OrvexCore.Login_Info_t;
 import com.zq.OrvexCore.MediaDataCallback;
-import com.zq.OrvexCore.Ptz_Sit_Info_t;
 import com.zq.OrvexCore.Return_Value_Info_t;
 import com.zq.OrvexCore.Send_Audio_Data_Info_t;
 import java.awt.image.BufferedImage;
@@ -30,6 +30,7 @@ import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Tag;
 import org.junit.jupiter.api.Test;
+import platformtest.Platform.User;
 import simctl.SimControl;
 
 /**
@@ -44,8 +45,8 @@ import simctl.SimControl;
 @Tag("platform")
 class MediaPlatformTest {
     static final String CAMERA = "nvr-north-01-cam01";
-    static final int TIMEOUT = 3000;
 
+    User admin;
     int handle;
 
     /** Every frame of one media type and parameter a stream delivered, with its thread. */
@@ -81,40 +82,31 @@ class MediaPlatformTest {
         }
     }
 
-    static byte[] fixed(String text, int size) {
-        byte[] out = new byte[size];
-        byte[] b = text.getBytes(StandardCharsets.US_ASCII);
-        System.arraycopy(b, 0, out, 0, b.length);
-        return out;
-    }
-
     @BeforeEach
     void logIn() {
         SimControl.usePlatform(true);
-        Return_Value_Info_t h = new Return_Value_Info_t();
-        assertEquals(0, IOrvexCore.ORVEX_Create(1, h));
-        handle = h.nReturnValue;
-        Login_Info_t login = new Login_Info_t();
-        login.szIp = fixed("127.0.0.1", 48);
-        login.nPort = 9000;
-        login.szUsername = fixed("admin", 64);
-        login.szPassword = fixed("admin123", 64);
-        assertEquals(0, IOrvexCore.ORVEX_Login(handle, login, TIMEOUT));
+        admin = User.admin();
+        handle = admin.handle;
     }
 
     @AfterEach
     void logOut() {
-        IOrvexCore.ORVEX_Logout(handle, TIMEOUT);
-        IOrvexCore.ORVEX_Destroy(handle);
+        admin.close();
+    }
+
+    /** A request for the main stream's video of `camera`. */
+    static Get_RealStream_Info_t liveVideo(String camera) {
+        Get_RealStream_Info_t request = new Get_RealStream_Info_t();
+        request.szCameraId = fixed(camera, 64);
+        request.nStreamType = 1;
+        request.nMediaType = 1;
+        return request;
     }
 
     @Test
     void liveFramesArePicturesOfTheCameraUntilClosed() throws Exception {
         Frames frames = new Frames(1, 3); // video, JPEG
-        Get_RealStream_Info_t request = new Get_RealStream_Info_t();
-        request.szCameraId = fixed(CAMERA, 64);
-        request.nStreamType = 1;
-        request.nMediaType = 1;
+        Get_RealStream_Info_t request = liveVideo(CAMERA);
         Return_Value_Info_t seq = new Return_Value_Info_t();
         seq.nReturnValue = -7;
 
@@ -166,10 +158,7 @@ class MediaPlatformTest {
     void framesChangeOverTimeAndFollowThePtz() throws Exception {
         String dome = "ipc-gate-01-cam01";
         Frames frames = new Frames(1, 3);
-        Get_RealStream_Info_t request = new Get_RealStream_Info_t();
-        request.szCameraId = fixed(dome, 64);
-        request.nStreamType = 1;
-        request.nMediaType = 1;
+        Get_RealStream_Info_t request = liveVideo(dome);
         Return_Value_Info_t seq = new Return_Value_Info_t();
         assertEquals(0, IOrvexCore.ORVEX_GetRealStream(handle, seq, request, frames, TIMEOUT));
         try {
@@ -178,12 +167,7 @@ class MediaPlatformTest {
             assertFalse(Arrays.equals(before, later), "each frame shows its own time");
             assertArrayEquals(pattern(before), pattern(later), "a still camera keeps its view");
 
-            Ptz_Sit_Info_t sit = new Ptz_Sit_Info_t();
-            sit.szCameraId = fixed(dome, 64);
-            sit.pointX = 200;
-            sit.pointY = 10;
-            sit.pointZ = 2;
-            assertEquals(0, IOrvexCore.ORVEX_PtzSit(handle, sit, TIMEOUT));
+            assertEquals(0, PtzPlatformTest.sit(handle, dome, 200, 10, 2));
             nextFrame(frames);
             byte[] moved = nextFrame(frames);
             assertFalse(Arrays.equals(pattern(later), pattern(moved)), "the view follows the move");
@@ -191,11 +175,7 @@ class MediaPlatformTest {
             assertTrue(facts.contains(" pan=200 tilt=10 zoom=2 "), facts);
         } finally {
             // The site is the JVM's: put the dome back where the built-in site has it.
-            Ptz_Sit_Info_t home = new Ptz_Sit_Info_t();
-            home.szCameraId = fixed(dome, 64);
-            home.pointX = 45;
-            home.pointZ = 1;
-            IOrvexCore.ORVEX_PtzSit(handle, home, TIMEOUT);
+            PtzPlatformTest.sit(handle, dome, 45, 0, 1);
             assertEquals(0, IOrvexCore.ORVEX_CloseRealStreamBySeq(handle, seq.nReturnValue, TIMEOUT));
         }
     }

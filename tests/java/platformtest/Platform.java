@@ -10,12 +10,14 @@ import com.zq.OrvexCore.Return_Value_Info_t;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.concurrent.BlockingQueue;
 import java.util.concurrent.LinkedBlockingQueue;
 import java.util.concurrent.TimeUnit;
 
 /**
  * What the platform tests share: sessions on the simulated platform's built-in site, as a Java
- * user opens them, and texts to and from fixed byte arrays.
+ * user opens them (by handle, or as a {@link User} closed by try-with-resources), and texts to and
+ * from fixed byte arrays.
  */
 final class Platform {
     /** JUnit tag of the tests that need the simulated platform (their own JVM, no simctl). */
@@ -43,16 +45,28 @@ final class Platform {
 
     private Platform() {}
 
+    /** A text in a zero-filled array of a C member's size. */
     static byte[] fixed(String s, int size) {
         return OrvexText.toFixed(s, size, StandardCharsets.UTF_8);
     }
 
+    /** A text argument: its bytes, without a terminator. */
     static byte[] text(String s) {
         return s.getBytes(StandardCharsets.UTF_8);
     }
 
+    /** A fixed member or buffer as a text, up to its first zero byte. */
     static String string(byte[] b) {
         return OrvexText.fromFixed(b, StandardCharsets.UTF_8);
+    }
+
+    /** The next event a listener queued, failing after five seconds. */
+    static <T> T next(BlockingQueue<T> events) throws InterruptedException {
+        T e = events.poll(5, TimeUnit.SECONDS);
+        if (e == null) {
+            throw new AssertionError("no event within five seconds");
+        }
+        return e;
     }
 
     static int create() {
@@ -75,11 +89,16 @@ final class Platform {
         return IOrvexCore.ORVEX_Login(handle, loginInfo(user, password), TIMEOUT);
     }
 
+    /** A created instance logged in as `user`. */
+    static int session(String user, String password) {
+        int h = create();
+        assertEquals(0, login(h, user, password), "login as " + user);
+        return h;
+    }
+
     /** A created instance logged in as the administrator. */
     static int session() {
-        int h = create();
-        assertEquals(0, login(h, ADMIN, ADMIN_PASSWORD));
-        return h;
+        return session(ADMIN, ADMIN_PASSWORD);
     }
 
     /** A session with the organisation tree loaded. */
@@ -89,9 +108,52 @@ final class Platform {
         return h;
     }
 
+    /** Logs out and destroys the instance, checking that it was destroyed. */
     static void end(int handle) {
         IOrvexCore.ORVEX_Logout(handle, TIMEOUT);
         assertEquals(0, IOrvexCore.ORVEX_Destroy(handle));
+    }
+
+    /**
+     * A client instance logged in as one of the built-in site's users, as an application does it;
+     * closing it logs out and destroys the instance.
+     */
+    static final class User implements AutoCloseable {
+        final int handle;
+
+        private User(int handle) {
+            this.handle = handle;
+        }
+
+        static User login(String name, String password) {
+            return new User(session(name, password));
+        }
+
+        /** The built-in site's users: may operate devices (admin is also level 1), may watch. */
+        static User admin() {
+            return login(ADMIN, ADMIN_PASSWORD);
+        }
+
+        static User operator() {
+            return login("operator", "operator123");
+        }
+
+        static User viewer() {
+            return login("viewer", "viewer123");
+        }
+
+        /** Sends a CMS command and returns the answer text. */
+        String cms(String json) {
+            byte[] answer = new byte[4096];
+            IOrvexCore.ORVEX_SendCammandToCMSByJson(handle, text(json), answer, 5000);
+            return string(answer);
+        }
+
+        @Override
+        public void close() {
+            IOrvexCore.ORVEX_Logout(handle, TIMEOUT);
+            IOrvexCore.ORVEX_Destroy(handle);
+        }
     }
 
     /** A status listener that keeps each event with the name of the thread it arrived on. */
@@ -106,11 +168,7 @@ final class Platform {
         }
 
         Event next() throws InterruptedException {
-            Event e = events.poll(5, TimeUnit.SECONDS);
-            if (e == null) {
-                throw new AssertionError("no status event within 5 s");
-            }
-            return e;
+            return Platform.next(events);
         }
 
         List<Event> pending() {

@@ -1,8 +1,9 @@
 package platformtest;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
-import static platformtest.PlatformSession.TIMEOUT;
-import static platformtest.PlatformSession.text;
+import static platformtest.Platform.TIMEOUT;
+import static platformtest.Platform.fixed;
+import static platformtest.Platform.string;
 
 import com.zq.OrvexCore.IOrvexCore;
 import com.zq.OrvexCore.Ptz_Direct_Info_t;
@@ -18,6 +19,7 @@ import java.util.ArrayList;
 import java.util.List;
 import org.junit.jupiter.api.Tag;
 import org.junit.jupiter.api.Test;
+import platformtest.Platform.User;
 
 /**
  * Pan-tilt-zoom on the simulated platform, end to end through the bridge as an application
@@ -32,7 +34,7 @@ class PtzPlatformTest extends OnPlatform {
 
     static int direction(int handle, String camera, int direct, boolean stop) {
         Ptz_Direct_Info_t d = new Ptz_Direct_Info_t();
-        d.szCameraId = text(camera, 64);
+        d.szCameraId = fixed(camera, 64);
         d.nDirect = direct;
         d.nStep = 4;
         d.bStop = stop;
@@ -41,7 +43,7 @@ class PtzPlatformTest extends OnPlatform {
 
     static int sit(int handle, String camera, int x, int y, int z) {
         Ptz_Sit_Info_t s = new Ptz_Sit_Info_t();
-        s.szCameraId = text(camera, 64);
+        s.szCameraId = fixed(camera, 64);
         s.pointX = x;
         s.pointY = y;
         s.pointZ = z;
@@ -50,42 +52,42 @@ class PtzPlatformTest extends OnPlatform {
 
     static int lock(int handle, String camera, int how) {
         Ptz_Lock_Info_t l = new Ptz_Lock_Info_t();
-        l.szCameraId = text(camera, 64);
+        l.szCameraId = fixed(camera, 64);
         l.nLock = how;
         return IOrvexCore.ORVEX_PtzLockCamera(handle, l, TIMEOUT);
     }
 
     static int preset(int handle, String camera, int cmd, int code, String name) {
         Ptz_Prepoint_Operation_Info_t op = new Ptz_Prepoint_Operation_Info_t();
-        op.szCameraId = text(camera, 64);
+        op.szCameraId = fixed(camera, 64);
         op.nCmd = cmd;
         op.pPoints.nCode = code;
-        op.pPoints.szName = text(name, 32);
+        op.pPoints.szName = fixed(name, 32);
         return IOrvexCore.ORVEX_PtzPrePointOperation(handle, op, TIMEOUT);
     }
 
     static List<String> presets(int handle, String camera) {
         Ptz_Prepoint_Info_t list = new Ptz_Prepoint_Info_t();
-        list.szCameraId = text(camera, 64);
+        list.szCameraId = fixed(camera, 64);
         assertEquals(0, IOrvexCore.ORVEX_QueryPrePoint(handle, list, TIMEOUT));
         List<String> out = new ArrayList<>();
         for (int k = 0; k < list.nCount; k++) {
             Ptz_Single_Prepoint_Info_t p = list.pPoints[k];
-            out.add(p.nCode + " " + text(p.szName));
+            out.add(p.nCode + " " + string(p.szName));
         }
         return out;
     }
 
     @Test
     void anOperatorSteersADomeWithEveryKindOfCommand() {
-        try (PlatformSession op = PlatformSession.operator()) {
+        try (User op = User.operator()) {
             for (int direct = 1; direct <= 8; direct++) {
                 assertEquals(0, direction(op.handle, DOME, direct, false), "start " + direct);
                 assertEquals(0, direction(op.handle, DOME, direct, true), "stop " + direct);
             }
             for (int operation = 0; operation <= 5; operation++) {
                 Ptz_Operation_Info_t o = new Ptz_Operation_Info_t();
-                o.szCameraId = text(DOME, 64);
+                o.szCameraId = fixed(DOME, 64);
                 o.nOperation = operation;
                 o.nStep = 1;
                 assertEquals(0, IOrvexCore.ORVEX_PtzCameraOperation(op.handle, o, TIMEOUT));
@@ -96,14 +98,14 @@ class PtzPlatformTest extends OnPlatform {
             assertEquals(1009, sit(op.handle, DOME, 200, 95, 4), "tilt beyond the horizon");
 
             Ptz_Open_Command_Info_t on = new Ptz_Open_Command_Info_t();
-            on.szCameraId = text(DOME, 64);
+            on.szCameraId = fixed(DOME, 64);
             on.bOpen = true;
             assertEquals(0, IOrvexCore.ORVEX_PtzLightControl(op.handle, on, TIMEOUT));
             assertEquals(0, IOrvexCore.ORVEX_PtzRainBrushControl(op.handle, on, TIMEOUT));
             assertEquals(0, IOrvexCore.ORVEX_PtzInfraredControl(op.handle, on, TIMEOUT));
 
             Ptz_Extend_Command_Info_t ext = new Ptz_Extend_Command_Info_t();
-            ext.szCameraId = text(DOME, 64);
+            ext.szCameraId = fixed(DOME, 64);
             for (int cmd : new int[] {39, 40, 41, 42, 43, 44, 54, 58, 55}) {
                 ext.nCmd = cmd;
                 ext.nParam = 3;
@@ -116,8 +118,8 @@ class PtzPlatformTest extends OnPlatform {
 
     @Test
     void thePlatformRefusesWhatAUserMayNotOrACameraCannotDo() {
-        try (PlatformSession op = PlatformSession.operator();
-                PlatformSession viewer = PlatformSession.viewer()) {
+        try (User op = User.operator();
+                User viewer = User.viewer()) {
             assertEquals(1007, direction(viewer.handle, DOME, 1, false), "a viewer may not move");
             assertEquals(1007, preset(viewer.handle, DOME, 2, 7, "x"));
             assertEquals(2, presets(viewer.handle, DOME).size(), "but may list presets");
@@ -129,9 +131,9 @@ class PtzPlatformTest extends OnPlatform {
 
     @Test
     void aLockedDomeAnswersOnlyTheSessionHoldingIt() {
-        try (PlatformSession holder = PlatformSession.operator();
-                PlatformSession other = PlatformSession.operator();
-                PlatformSession admin = PlatformSession.admin()) {
+        try (User holder = User.operator();
+                User other = User.operator();
+                User admin = User.admin()) {
             assertEquals(0, lock(holder.handle, DOME, 1));
             assertEquals(0, sit(holder.handle, DOME, 10, 10, 1));
             assertEquals(1017, sit(other.handle, DOME, 20, 20, 1));
@@ -148,7 +150,7 @@ class PtzPlatformTest extends OnPlatform {
 
     @Test
     void presetsAreStoredUnderACodeListedRecalledAndDeleted() {
-        try (PlatformSession op = PlatformSession.operator()) {
+        try (User op = User.operator()) {
             List<String> before = presets(op.handle, DOME);
             assertEquals(List.of("1 Home", "2 Entrance"), before);
             assertEquals(0, sit(op.handle, DOME, 77, -12, 6));

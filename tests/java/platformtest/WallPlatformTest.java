@@ -13,18 +13,38 @@ import com.zq.OrvexCore.TvWall.TvWall_Screen_Info_t;
 import com.zq.OrvexCore.TvWall.TvWall_Screen_Open_Window_t;
 import com.zq.OrvexCore.TvWall.TvWall_Screen_Split_t;
 import org.junit.jupiter.api.Test;
+import platformtest.Platform.User;
 
 /** Video walls of the simulated platform, used through the bridge as an application would. */
 class WallPlatformTest extends OnPlatform {
+    static TvWall_Screen_Split_t split(int wall, int screen, int windows) {
+        TvWall_Screen_Split_t split = new TvWall_Screen_Split_t();
+        split.nTvWallId = wall;
+        split.nScreenId = screen;
+        split.enSplitNum = windows;
+        return split;
+    }
+
+    static Set_TvWall_Screen_Window_Source_t source(
+            int wall, int screen, int window, String camera, int stream) {
+        Set_TvWall_Screen_Window_Source_t source = new Set_TvWall_Screen_Window_Source_t();
+        source.nTvWallId = wall;
+        source.nScreenId = screen;
+        source.nWindowId = window;
+        source.szCameraId = Platform.fixed(camera, 63);
+        source.enStreamType = stream;
+        return source;
+    }
+
     @Test
     void listsTheWallsAndTheScreensOfAWall() {
-        try (SiteUser admin = SiteUser.login("admin", "admin123")) {
+        try (User admin = User.admin()) {
             Return_Value_Info_t count = new Return_Value_Info_t();
             assertEquals(0, IOrvexCore.ORVEX_GetTvWallListCount(admin.handle, count, 3000));
             assertEquals(2, count.nReturnValue);
             TvWall_List_Info_t walls = new TvWall_List_Info_t(count.nReturnValue);
             assertEquals(0, IOrvexCore.ORVEX_GetTvWallList(admin.handle, walls));
-            assertEquals("Control room", SiteUser.text(walls.pTvWallInfo[0].szName));
+            assertEquals("Control room", Platform.string(walls.pTvWallInfo[0].szName));
             assertEquals(2, walls.pTvWallInfo[1].nTvWallId);
 
             assertEquals(0, IOrvexCore.ORVEX_GetTvWallLayoutCount(admin.handle, 1, count, 3000));
@@ -33,7 +53,7 @@ class WallPlatformTest extends OnPlatform {
             assertEquals(0, IOrvexCore.ORVEX_GetTvWallLayout(admin.handle, layout));
             TvWall_Screen_Info_t last = layout.pScreenInfo[3];
             assertEquals(4, last.nScreenId);
-            assertEquals("decoder-01", SiteUser.text(last.szDecoderId));
+            assertEquals("decoder-01", Platform.string(last.szDecoderId));
             assertEquals(0.5f, last.fLeft);
             assertEquals(0.5f, last.fTop);
             assertTrue(last.bBind);
@@ -44,20 +64,11 @@ class WallPlatformTest extends OnPlatform {
 
     @Test
     void camerasSplitsAndWindowsShowInTheWallsState() {
-        try (SiteUser op = SiteUser.login("operator", "operator123")) {
+        try (User op = User.operator()) {
             assertEquals(0, IOrvexCore.ORVEX_ClearTvWallScreen(op.handle, 1, 3000));
-            TvWall_Screen_Split_t split = new TvWall_Screen_Split_t();
-            split.nTvWallId = 1;
-            split.nScreenId = 2;
-            split.enSplitNum = 4;
-            assertEquals(0, IOrvexCore.ORVEX_SetTvWallScreenSplit(op.handle, split, 3000));
+            assertEquals(0, IOrvexCore.ORVEX_SetTvWallScreenSplit(op.handle, split(1, 2, 4), 3000));
 
-            Set_TvWall_Screen_Window_Source_t source = new Set_TvWall_Screen_Window_Source_t();
-            source.nTvWallId = 1;
-            source.nScreenId = 2;
-            source.nWindowId = 3;
-            source.szCameraId = SiteUser.fixed("nvr-north-01-cam02", 63);
-            source.enStreamType = 2;
+            Set_TvWall_Screen_Window_Source_t source = source(1, 2, 3, "nvr-north-01-cam02", 2);
             source.nStayTime = 60;
             assertEquals(0, IOrvexCore.ORVEX_SetTvWallScreenWindowSource(op.handle, source, 3000));
 
@@ -72,7 +83,7 @@ class WallPlatformTest extends OnPlatform {
             assertEquals(101, open.nWindowId);
             assertEquals(1, open.nZorder);
             source.nWindowId = open.nWindowId;
-            source.szCameraId = SiteUser.fixed("ipc-gate-01-cam01", 63);
+            source.szCameraId = Platform.fixed("ipc-gate-01-cam01", 63);
             source.enStreamType = 1;
             assertEquals(0, IOrvexCore.ORVEX_SetTvWallScreenWindowSource(op.handle, source, 3000));
 
@@ -94,7 +105,7 @@ class WallPlatformTest extends OnPlatform {
             assertTrue(wall.contains("\"id\":101"), wall);
 
             assertEquals(0, IOrvexCore.ORVEX_ClearTvWallScreenByDecodeId(
-                    op.handle, 1, SiteUser.ascii("decoder-01"), 3000));
+                    op.handle, 1, Platform.text("decoder-01"), 3000));
             wall = op.cms("{\"cmd\":\"getWall\",\"id\":1}");
             assertTrue(!wall.contains("\"id\":101") && !wall.contains("-cam"), wall);
         }
@@ -102,27 +113,19 @@ class WallPlatformTest extends OnPlatform {
 
     @Test
     void refusesWhatTheUserOrTheScreenDoesNotAllow() {
-        Set_TvWall_Screen_Window_Source_t source = new Set_TvWall_Screen_Window_Source_t();
-        source.nTvWallId = 2;
-        source.nScreenId = 1;
-        source.nWindowId = 1;
-        source.szCameraId = SiteUser.fixed("nvr-north-01-cam01", 63);
-        source.enStreamType = 1;
-        try (SiteUser viewer = SiteUser.login("viewer", "viewer123")) {
+        Set_TvWall_Screen_Window_Source_t source = source(2, 1, 1, "nvr-north-01-cam01", 1);
+        try (User viewer = User.viewer()) {
             assertEquals(1007,
                     IOrvexCore.ORVEX_SetTvWallScreenWindowSource(viewer.handle, source, 3000));
         }
-        try (SiteUser admin = SiteUser.login("admin", "admin123")) {
+        try (User admin = User.admin()) {
             source.nWindowId = 2;
             assertEquals(1018,
                     IOrvexCore.ORVEX_SetTvWallScreenWindowSource(admin.handle, source, 3000));
-            TvWall_Screen_Split_t split = new TvWall_Screen_Split_t();
-            split.nTvWallId = 2;
-            split.nScreenId = 1;
-            split.enSplitNum = 2;
-            assertEquals(1009, IOrvexCore.ORVEX_SetTvWallScreenSplit(admin.handle, split, 3000));
+            assertEquals(1009,
+                    IOrvexCore.ORVEX_SetTvWallScreenSplit(admin.handle, split(2, 1, 2), 3000));
             assertEquals(1011, IOrvexCore.ORVEX_ClearTvWallScreenByDecodeId(
-                    admin.handle, 2, SiteUser.ascii("decoder-77"), 3000));
+                    admin.handle, 2, Platform.text("decoder-77"), 3000));
         }
     }
 }
