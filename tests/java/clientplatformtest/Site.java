@@ -1,10 +1,12 @@
 package clientplatformtest;
 
 import static org.junit.jupiter.api.Assertions.assertNotNull;
+import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.zq.OrvexCore.client.CameraId;
 import com.zq.OrvexCore.client.OrvexClient;
 import java.nio.ByteBuffer;
+import java.nio.charset.StandardCharsets;
 import java.util.concurrent.BlockingQueue;
 import java.util.concurrent.TimeUnit;
 
@@ -50,5 +52,13 @@ final class Site {
         byte[] out = new byte[b.remaining()];
         b.duplicate().get(out);
         return out;
+    }
+
+    /** The time a frame of the simulated platform shows (its JPEG comment's time_ms). */
+    static long timeMs(byte[] jpeg) {
+        String text = new String(jpeg, 0, Math.min(jpeg.length, 512), StandardCharsets.US_ASCII);
+        int at = text.indexOf("time_ms=");
+        assertTrue(at > 0, "a frame without its time");
+        return Long.parseLong(text.substring(at + 8, text.indexOf(' ', at)));
     }
 }
