@@ -56,6 +56,7 @@ import org.junit.jupiter.api.TestInstance;
 import org.junit.jupiter.api.function.Executable;
 import org.junit.jupiter.params.ParameterizedTest;
 import org.junit.jupiter.params.provider.MethodSource;
+import org.junit.jupiter.params.provider.ValueSource;
 
 /**
  * The Java API over the simulated platform's built-in site, as an application uses it: each
@@ -432,19 +433,22 @@ class ApiOnPlatformTest {
         }
     }
 
-    @Test
-    void closingAStreamStopsItsFramesBeforeCloseReturns() throws Exception {
+    @ParameterizedTest(name = "on an executor: {0}")
+    @ValueSource(booleans = {false, true})
+    void closingAStreamStopsItsFramesBeforeCloseReturns(boolean onExecutor) throws Exception {
         AtomicBoolean closed = new AtomicBoolean();
         AtomicInteger frames = new AtomicInteger();
         AtomicInteger late = new AtomicInteger();
-        // A slow consumer on an executor, so frames are queued when the stream closes.
-        LiveStream live = admin.media().openLive(DOME, Media.LiveOptions.DEFAULT, executor, f -> {
-            if (closed.get()) {
-                late.incrementAndGet();
-            }
-            frames.incrementAndGet();
-            sleep(40);
-        });
+        // A consumer slower than the frames come, so that frames are waiting when it closes.
+        LiveStream live = admin.media().openLive(DOME, Media.LiveOptions.DEFAULT,
+                onExecutor ? executor : null, f -> {
+                    if (closed.get()) {
+                        late.incrementAndGet();
+                    }
+                    frames.incrementAndGet();
+                    sleep(150);
+                });
+        awaitMore(frames);
         awaitMore(frames);
         live.close();
         closed.set(true);
