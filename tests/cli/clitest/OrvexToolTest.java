@@ -97,6 +97,7 @@ class OrvexToolTest {
             wall --clear --wall 1 --screen 1                  | 0 |
             live nvr-north-01-cam01 --frames 3                | 0 | total: frames 3 in
             ptz ipc-gate-01-cam01 up --user viewer --password=viewer123 | 1 | result code 1007
+            json --answer-size 16 {"cmd":"listDevices"}       | 0 | "result":0}
             """)
     void siteCommandsEndAsTheySay(String args, int status, String line) throws Exception {
         List<String> all = new ArrayList<>(List.of(args.split(" ")));
