@@ -427,8 +427,8 @@ class ApiOnPlatformTest {
                     executor, where::accept)) {
                 assertEquals(EXECUTOR_THREAD, next(threads));
             }
-            admin.doors().command(new CameraId("door-01"), Doors.Command.CLOSE);
             threads.clear();
+            admin.doors().command(new CameraId("door-01"), Doors.Command.CLOSE);
             assertEquals(EXECUTOR_THREAD, next(threads));
         }
     }
