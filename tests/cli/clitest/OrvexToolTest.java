@@ -13,6 +13,8 @@ import java.util.concurrent.TimeUnit;
 import org.junit.jupiter.api.Tag;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.io.TempDir;
+import org.junit.jupiter.params.ParameterizedTest;
+import org.junit.jupiter.params.provider.CsvSource;
 
 /**
  * The tool as an operator runs it: through {@code scripts/orvex}, in a process of its own, on the
@@ -86,5 +88,24 @@ class OrvexToolTest {
         assertEquals(1, r.status(), r.out());
         assertTrue(r.err().contains("ORVEX_Login failed with result code 1004: "
                 + "the user name or password is wrong"), r.err());
+    }
+
+    /** Commands on the site's dome and walls: arguments, exit status, a line of the output. */
+    @ParameterizedTest(name = "{0}")
+    @CsvSource(delimiter = '|', textBlock = """
+            wall --show ipc-gate-01-cam01 --wall 1 --screen 1 | 0 |
+            wall --clear --wall 1 --screen 1                  | 0 |
+            live nvr-north-01-cam01 --frames 3                | 0 | total: frames 3 in
+            ptz ipc-gate-01-cam01 up --user viewer --password=viewer123 | 1 | result code 1007
+            json --answer-size 16 {"cmd":"listDevices"}       | 0 | "result":0}
+            """)
+    void siteCommandsEndAsTheySay(String args, int status, String line) throws Exception {
+        List<String> all = new ArrayList<>(List.of(args.split(" ")));
+        if (!all.contains("--user")) {
+            all.addAll(List.of("--user", USER, "--password", PASSWORD));
+        }
+        Result r = orvex(all.toArray(String[]::new));
+        assertEquals(status, r.status(), r.out() + r.err());
+        assertTrue(line == null || (r.out() + r.err()).contains(line), r.out() + r.err());
     }
 }

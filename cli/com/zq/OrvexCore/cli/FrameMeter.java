@@ -44,6 +44,9 @@ final class FrameMeter implements Consumer<MediaFrame> {
 
     @Override
     public synchronized void accept(MediaFrame f) {
+        if (done.getCount() == 0) {
+            return;  // finished: frames arriving until the stream closes are not counted
+        }
         frames++;
         bytes += f.size();
         if (saveTo != null && !saved && f.mediaType() != AUDIO) {

@@ -21,7 +21,9 @@ final class WallCommand extends ClientCommand {
     @Option(names = "--screen", defaultValue = "0", description = "The screen.")
     int screen;
 
-    @Option(names = "--window", defaultValue = "0", description = "The window.")
+    // A screen's panes are numbered from 1, and an unsplit screen has only pane 1.
+    @Option(names = "--window", defaultValue = "1",
+            description = "The window (default: ${DEFAULT-VALUE}, the first pane).")
     int window;
 
     @Option(names = "--show", paramLabel = "CAMERA", description = "Show this camera.")

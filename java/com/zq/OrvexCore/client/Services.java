@@ -18,6 +18,13 @@ public final class Services {
     /** The answer buffer of a JSON command, unless the caller gives another size. */
     public static final int DEFAULT_ANSWER_CAPACITY = 64 * 1024;
 
+    /**
+     * The least room a JSON command's answer gets, whatever the caller asks for: the library is
+     * not told the size of the answer buffer and writes the whole answer (up to this many bytes
+     * with its terminator), so a smaller buffer would be overrun in native memory.
+     */
+    public static final int MINIMUM_ANSWER_CAPACITY = 4096;
+
     private final OrvexClient c;
 
     Services(OrvexClient client) {
@@ -55,11 +62,12 @@ public final class Services {
 
     /**
      * Sends a JSON command to the central management module and returns its answer, which must
-     * fit into {@code answerCapacity} bytes including its terminating zero.
+     * fit into {@code answerCapacity} bytes including its terminating zero (at least {@link
+     * #MINIMUM_ANSWER_CAPACITY} are offered).
      */
     public String sendToCms(String json, int answerCapacity) {
         byte[] command = c.text.arg(json, "json");
-        byte[] answer = new byte[positive(answerCapacity)];
+        byte[] answer = new byte[answerRoom(answerCapacity)];
         c.run("ORVEX_SendCammandToCMSByJson",
                 () -> IOrvexCore.ORVEX_SendCammandToCMSByJson(c.handle, command, answer,
                         c.timeoutMs));
@@ -67,22 +75,23 @@ public final class Services {
     }
 
     /**
-     * Sends a JSON command about one camera to the device management module; returns its answer.
+     * Sends a JSON command about one camera to the device management module; returns its answer
+     * (room as for {@link #sendToCms(String, int)}).
      */
     public String sendToDms(CameraId camera, String json, int answerCapacity) {
         byte[] command = c.text.arg(json, "json");
         byte[] id = c.text.arg(camera.value(), "camera");
-        byte[] answer = new byte[positive(answerCapacity)];
+        byte[] answer = new byte[answerRoom(answerCapacity)];
         c.run("ORVEX_SendCammandToDMSByJson", () -> IOrvexCore.ORVEX_SendCammandToDMSByJson(
                 c.handle, command, id, answer, c.timeoutMs));
         return c.text.get(answer);
     }
 
-    private static int positive(int capacity) {
+    private static int answerRoom(int capacity) {
         if (capacity < 1) {
             throw new IllegalArgumentException("answer capacity must be positive: " + capacity);
         }
-        return capacity;
+        return Math.max(capacity, MINIMUM_ANSWER_CAPACITY);
     }
 
     /**
