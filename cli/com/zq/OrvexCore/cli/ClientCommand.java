@@ -4,25 +4,24 @@ import com.zq.OrvexCore.client.OrvexClient;
 import java.io.PrintWriter;
 import java.util.concurrent.Callable;
 import picocli.CommandLine.Mixin;
-import picocli.CommandLine.Model.CommandSpec;
-import picocli.CommandLine.Spec;
+import picocli.CommandLine.ParentCommand;
 
 /** A subcommand that connects, does its work on the client, and disconnects. */
 abstract class ClientCommand implements Callable<Integer> {
     @Mixin
     Connection connection;
 
-    @Spec
-    CommandSpec spec;
+    @ParentCommand
+    Orvex tool;
 
     /** Where the command's results go. */
     PrintWriter out() {
-        return spec.commandLine().getOut();
+        return tool.out;
     }
 
     /** Where the command's complaints go. */
     PrintWriter err() {
-        return spec.commandLine().getErr();
+        return tool.err;
     }
 
     /** Checks the arguments before connecting; throws {@link IllegalArgumentException}. */

@@ -21,7 +21,14 @@ public final class Orvex {
     /** Exit status when the platform refuses a call. */
     public static final int PLATFORM_ERROR = 1;
 
-    private Orvex() {}
+    /** Where the subcommands write their results and complaints. */
+    final PrintWriter out;
+    final PrintWriter err;
+
+    private Orvex(PrintWriter out, PrintWriter err) {
+        this.out = out;
+        this.err = err;
+    }
 
     /** Runs the tool and exits with its status. */
     public static void main(String[] args) {
@@ -32,7 +39,7 @@ public final class Orvex {
 
     /** Runs the tool with the given output streams and returns its exit status. */
     public static int run(String[] args, PrintWriter out, PrintWriter err) {
-        CommandLine cl = new CommandLine(new Orvex());
+        CommandLine cl = new CommandLine(new Orvex(out, err));
         cl.setOut(out);
         cl.setErr(err);
         cl.setExecutionExceptionHandler((e, line, parsed) -> {

@@ -18,8 +18,8 @@ final class WallCommand extends ClientCommand {
     @Option(names = "--wall", description = "The wall.")
     Integer wall;
 
-    @Option(names = "--screen", defaultValue = "0", description = "The screen.")
-    int screen;
+    @Option(names = "--screen", description = "The screen.")
+    Integer screen;
 
     // A screen's panes are numbered from 1, and an unsplit screen has only pane 1.
     @Option(names = "--window", defaultValue = "1",
@@ -37,6 +37,11 @@ final class WallCommand extends ClientCommand {
             description = "Clear the window, or the whole wall without --screen.")
     boolean clear;
 
+    /** The screen given, or 0, which the platform refuses as no screen. */
+    private int screenOrNone() {
+        return screen == null ? 0 : screen;
+    }
+
     @Override
     void check() {
         if ((show != null || split != null || clear) && wall == null) {
@@ -48,11 +53,11 @@ final class WallCommand extends ClientCommand {
     int run(OrvexClient client) {
         Walls walls = client.walls();
         if (show != null) {
-            walls.show(wall, screen, window, CameraId.of(show), 0, Media.StreamType.MAIN);
+            walls.show(wall, screenOrNone(), window, CameraId.of(show), 0, Media.StreamType.MAIN);
         } else if (split != null) {
-            walls.split(wall, screen, split);
+            walls.split(wall, screenOrNone(), split);
         } else if (clear) {
-            if (spec.commandLine().getParseResult().hasMatchedOption("--screen")) {
+            if (screen != null) {
                 walls.clearWindow(wall, screen, window);
             } else {
                 walls.clear(wall);
