@@ -51,9 +51,6 @@ inline constexpr ListenerKind kDataChange{"ORVEXDataChangeCallback",
                                           "(ILcom/zq/OrvexCore/UserDataChange_t;)V"};
 }  // namespace listener_kinds
 
-// Reads orvex.events.threads from the virtual machine's system properties; called at load.
-void ReadEventThreadMode(JNIEnv* env);
-
 // True when the listener's class has the kind's instance method "invoke" with exactly its
 // signature. Otherwise false, with IllegalArgumentException naming the kind and the signature
 // pending: a listener that cannot take the kind's events is refused where it is handed over,

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "BridgeFrame.h"
+#include "EventThreads.h"
 #include "JniKits.h"
 #include "ORVEX_Core.h"
 #include "SDKCallback.h"
